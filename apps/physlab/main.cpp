@@ -1,0 +1,175 @@
+// physlab: a headless host for the apparatus library, for scripts and pictures.
+#include "Render.h"
+#include "Script.h"
+#include <QDir>
+#include <QFile>
+#include <QGuiApplication>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTextStream>
+#include <cstdio>
+#include <physicalobject/physicalobject.h>
+
+namespace {
+
+const char *kUsage =
+    "usage: physlab list\n"
+    "       physlab render TYPE -o FILE.svg|FILE.png [--scale S] [--no-handles]\n"
+    "       physlab gallery DIR\n"
+    "       physlab run [FILE]      (script from FILE or standard input)\n";
+
+// Characteristic states shown in the gallery besides each apparatus's default.
+struct Scene {
+    int type;
+    const char *name;
+    const char *caption;
+    const char *script;  // lines separated by ';'
+};
+
+const Scene kScenes[] = {
+    {107, "turned", "handle dragged down and in: the bar follows", "drag control_1 -60 70 --final"},
+    {107, "left", "handle dragged left of the pivot (angle between 90 and 270)", "drag control_1 -260 -40 --final"},
+};
+
+int fail(const QString &text)
+{
+    QTextStream(stderr) << "physlab: " << text << '\n';
+    return 2;
+}
+
+int list()
+{
+    int n = 0;
+    const PhysicalTypeInfo *t = physical_TypeTable(&n);
+    QTextStream out(stdout);
+    for (int i = 0; i < n; ++i) {
+        // Written by hand to keep the key order type, class, name.
+        out << "{\"type\":" << t[i].type << ",\"class\":\"" << t[i].className << "\",\"name\":\"" << t[i].name << "\"}\n";
+    }
+    return 0;
+}
+
+int render(const QStringList &args)
+{
+    bool ok = false;
+    const int type = args.value(0).toInt(&ok);
+    if (!ok)
+        return fail(QStringLiteral("TYPE must be a number\n") + QLatin1String(kUsage));
+    QString out;
+    double scale = 1;
+    bool handles = true;
+    for (int i = 1; i < args.size(); ++i) {
+        if (args[i] == QLatin1String("-o") && i + 1 < args.size())
+            out = args[++i];
+        else if (args[i] == QLatin1String("--scale") && i + 1 < args.size())
+            scale = args[++i].toDouble(&ok);
+        else if (args[i] == QLatin1String("--no-handles"))
+            handles = false;
+        else
+            return fail(QStringLiteral("unexpected '%1'\n").arg(args[i]) + QLatin1String(kUsage));
+    }
+    if (out.isEmpty())
+        return fail(QStringLiteral("missing -o FILE\n") + QLatin1String(kUsage));
+    CWBPhysicalObject *obj = createObject_physical(0, type, true);
+    if (!obj->content()) {
+        obj->Release();
+        return fail(QStringLiteral("type %1 creates no apparatus (see 'physlab list')").arg(type));
+    }
+    const QString err = Render::toFile(obj, out, scale, handles);
+    obj->Release();
+    return err.isEmpty() ? 0 : fail(err);
+}
+
+int gallery(const QString &dirPath)
+{
+    QDir dir(dirPath);
+    if (!dir.mkpath(QStringLiteral(".")))
+        return fail(QStringLiteral("cannot create %1").arg(dirPath));
+    int n = 0;
+    const PhysicalTypeInfo *t = physical_TypeTable(&n);
+    QString html = QStringLiteral("<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\"><title>Apparatus gallery</title>\n"
+                                  "<style>body{font-family:sans-serif;margin:2em}figure{display:inline-block;margin:1em;"
+                                  "vertical-align:top}img{border:1px solid #ccc;max-width:600px}</style></head><body>\n"
+                                  "<h1>Apparatus gallery</h1>\n");
+    int failures = 0;
+    for (int i = 0; i < n; ++i) {
+        html += QStringLiteral("<h2>%1 &mdash; %2 (type %3)</h2>\n").arg(QLatin1String(t[i].name), QLatin1String(t[i].className)).arg(t[i].type);
+        QVector<Scene> scenes{{t[i].type, "default", "as created", ""}};
+        for (const Scene &s : kScenes)
+            if (s.type == t[i].type)
+                scenes.append(s);
+        for (const Scene &s : scenes) {
+            ScriptSession session;
+            QJsonObject r = session.exec(QStringLiteral("new %1 --default-size").arg(s.type));
+            for (const QString &line : QString::fromLatin1(s.script).split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+                r = session.exec(line.trimmed());
+                if (r.contains(QStringLiteral("error"))) {
+                    ++failures;
+                    QTextStream(stderr) << "physlab: gallery " << t[i].name << '/' << s.name << ": "
+                                        << r.value(QStringLiteral("error")).toString() << '\n';
+                }
+            }
+            const QString base = QStringLiteral("%1-%2").arg(t[i].type).arg(QLatin1String(s.name));
+            for (const char *ext : {"svg", "png"}) {
+                const QString err = Render::toFile(session.object(), dir.filePath(base + QLatin1Char('.') + QLatin1String(ext)),
+                                                   qstrcmp(ext, "png") == 0 ? 2.0 : 1.0, true);
+                if (!err.isEmpty()) {
+                    ++failures;
+                    QTextStream(stderr) << "physlab: " << err << '\n';
+                }
+            }
+            html += QStringLiteral("<figure><a href=\"%1.svg\"><img src=\"%1.png\" alt=\"%2\"></a><figcaption>%2: %3</figcaption></figure>\n")
+                        .arg(base, QLatin1String(s.name), QLatin1String(s.caption));
+        }
+    }
+    html += QStringLiteral("</body></html>\n");
+    QFile f(dir.filePath(QStringLiteral("index.html")));
+    if (!f.open(QIODevice::WriteOnly))
+        return fail(QStringLiteral("cannot write index.html"));
+    f.write(html.toUtf8());
+    QTextStream(stdout) << "gallery written to " << QDir(dir.absolutePath()).filePath(QStringLiteral("index.html")) << '\n';
+    return failures ? 1 : 0;
+}
+
+int run(const QStringList &args)
+{
+    QTextStream out(stdout);
+    ScriptSession session;
+    if (args.isEmpty() || args[0] == QLatin1String("-")) {
+        QTextStream in(stdin);
+        return session.run(in, out) ? 1 : 0;
+    }
+    QFile f(args[0]);
+    if (!f.open(QIODevice::ReadOnly))
+        return fail(QStringLiteral("cannot read %1: %2").arg(args[0], f.errorString()));
+    QTextStream in(&f);
+    return session.run(in, out) ? 1 : 0;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
+        const QByteArray dir = QDir::tempPath().toUtf8() + "/physlab-runtime";
+        QDir().mkpath(QString::fromUtf8(dir));
+        QFile::setPermissions(QString::fromUtf8(dir), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        qputenv("XDG_RUNTIME_DIR", dir);
+    }
+    QGuiApplication app(argc, argv);
+    QStringList args = app.arguments().mid(1);
+    const QString cmd = args.value(0);
+    args.removeFirst();
+    if (cmd == QLatin1String("list"))
+        return list();
+    if (cmd == QLatin1String("render"))
+        return render(args);
+    if (cmd == QLatin1String("gallery") && args.size() == 1)
+        return gallery(args[0]);
+    if (cmd == QLatin1String("run") && args.size() <= 1)
+        return run(args);
+    QTextStream(stderr) << kUsage;
+    return 2;
+}

@@ -1,0 +1,48 @@
+#pragma once
+// Common base of most apparatus: template loading with its hooks, the attribute
+// table with its stream, and property items for the table.
+#include "physicalobject/physicalobject_shared_global.h"
+#include <QByteArray>
+#include <QColor>
+#include <QMap>
+#include <svgbase.h>
+
+struct DATA_MAP_STRUCT {
+    int propId = 0;
+    int dataType = 0;  // DATA_TYPE: 0 switch, 1 combo box, 3 colour
+    QString name;
+    QColor color;
+    bool boolValue = false;
+    int intValue = 0;
+};
+
+class PHYSICALOBJECT_SHARED_EXPORT CAttribute : public CSVGBase
+{
+public:
+    explicit CAttribute(CSVGObj *owner);
+    ~CAttribute() override;
+
+    bool save(QDataStream &out) override;
+    bool load(QDataStream &in) override;
+    bool loadSVG(bool bLoad) override;
+    void updateOutlineRegion() override;
+    bool getInnerProperty(int id, QDataStream &out) override;
+    bool setInnerProperty(int id, QDataStream &in, bool bRecord, bool bUndo) override;
+    void initSpecialPropItems() override;
+
+    /* 63 */ virtual void SVGInit(bool bLoad, bool bLoaded);
+    /* 64 */ virtual void UpdateColor(bool b);
+    /* 65 */ virtual void UpdateCheckBox(bool b);
+    /* 66 */ virtual void UpdateCombobox(bool b);
+    /* 67 */ virtual void ResetAtrribute();
+    /* 68 */ virtual QByteArray GetComboboxData();
+
+    const QMap<int, DATA_MAP_STRUCT> &attributes() const { return m_attributes; }
+
+protected:
+    // Posts the panel refresh {"settings":[{"id": key, "value": value}]} (message 100).
+    void postSetting(const QString &key, const QString &value);
+
+    QMap<int, DATA_MAP_STRUCT> m_attributes;
+    bool m_bItemsOutline = false;
+};

@@ -1,0 +1,58 @@
+// Figures for the README: creation, one drag update, save+load.
+#include <QGuiApplication>
+#include <benchmark/benchmark.h>
+#include <physicalobject/physicalobject.h>
+#include <svgbase.h>
+
+static void BM_StickCreate(benchmark::State &state)
+{
+    for (auto _ : state) {
+        CWBPhysicalObject *o = createObject_physical(0, 107, true);
+        benchmark::DoNotOptimize(o);
+        o->Release();
+    }
+}
+BENCHMARK(BM_StickCreate);
+
+static void BM_StickDragUpdate(benchmark::State &state)
+{
+    CWBPhysicalObject *o = createObject_physical(0, 107, true);
+    CSVGBase *c = o->content();
+    QSvgNode *h = c->controlNodes().first();
+    double d = 1;
+    for (auto _ : state) {
+        c->moveControlPoint(h, QPointF(d, d), false);
+        d = -d;
+    }
+    o->Release();
+}
+BENCHMARK(BM_StickDragUpdate);
+
+static void BM_StickSaveLoad(benchmark::State &state)
+{
+    CWBPhysicalObject *o = createObject_physical(0, 107, true);
+    o->content()->moveControlPoint(o->content()->controlNodes().first(), QPointF(-40, 60), true, false);
+    for (auto _ : state) {
+        QByteArray bytes;
+        {
+            QDataStream out(&bytes, QIODevice::WriteOnly);
+            o->content()->save(out);
+        }
+        CWBPhysicalObject *copy = createObject_physical(0, 107, false);
+        QDataStream in(bytes);
+        copy->content()->load(in);
+        copy->Release();
+    }
+    o->Release();
+}
+BENCHMARK(BM_StickSaveLoad);
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

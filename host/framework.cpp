@@ -1,0 +1,69 @@
+#include "framework.h"
+#include <QColor>
+
+void CFramework::PostMessage(int message, int, const QByteArray *json, int)
+{
+    if (m_mute > 0 || !json)
+        return;
+    if (message == MSG_SETTINGS_CHANGED)
+        m_messages.append(*json);
+    const auto observers = m_observers; // an observer may unsubscribe itself
+    for (const auto &fn : observers)
+        fn(message, *json);
+}
+
+int CFramework::addObserver(std::function<void(int, const QByteArray &)> fn)
+{
+    m_observers.insert(m_nextObserver, std::move(fn));
+    return m_nextObserver++;
+}
+
+void CFramework::removeObserver(int handle) { m_observers.remove(handle); }
+
+quint64 CFramework::registerObject(CSVGBase *obj)
+{
+    const quint64 s = m_nextSerial++;
+    m_objects.insert(s, obj);
+    return s;
+}
+
+void CFramework::unregisterObject(quint64 serial) { m_objects.remove(serial); }
+
+QJsonObject CJsonUtil::variantToJson(const QVariant &v) const
+{
+    QJsonObject o;
+    if (v.canConvert<QColor>() && v.userType() == QMetaType::QColor) {
+        const QColor c = v.value<QColor>();
+        o.insert(QStringLiteral("r"), c.red());
+        o.insert(QStringLiteral("g"), c.green());
+        o.insert(QStringLiteral("b"), c.blue());
+        o.insert(QStringLiteral("a"), c.alpha());
+        o.insert(QStringLiteral("valid"), c.isValid());
+        return o;
+    }
+    o.insert(QStringLiteral("value"), QJsonValue::fromVariant(v));
+    return o;
+}
+
+QVariant CJsonUtil::jsonToVariant(const QJsonObject &o) const
+{
+    if (o.contains(QStringLiteral("r"))) {
+        if (!o.value(QStringLiteral("valid")).toBool(true))
+            return QVariant::fromValue(QColor());
+        auto ch = [&](const char *k, int def) { return qBound(0, o.value(QLatin1String(k)).toInt(def), 255); };
+        return QVariant::fromValue(QColor(ch("r", 0), ch("g", 0), ch("b", 0), ch("a", 255)));
+    }
+    return o.value(QStringLiteral("value")).toVariant();
+}
+
+CFramework *GetFramework()
+{
+    static CFramework framework;
+    return &framework;
+}
+
+CJsonUtil *GetJsonUtil()
+{
+    static CJsonUtil util;
+    return &util;
+}

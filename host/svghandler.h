@@ -1,0 +1,25 @@
+#pragma once
+#include "svgtinydocument.h"
+#include <QXmlStreamReader>
+
+// Builds a document from SVG text. Nodes know nothing of XML; this is the only reader.
+class SvgHandler
+{
+public:
+    explicit SvgHandler(const QByteArray &contents);
+    QSvgTinyDocument *takeDocument();
+    QString error() const { return m_error; }
+
+private:
+    bool parse();
+    bool readRoot(QSvgTinyDocument *doc);
+    bool readChildren(QSvgNode *parent, int depth);
+    static std::unique_ptr<QSvgNode> createNode(const QStringRef &name);
+    void copyNamespaces(QSvgNode *node);
+    static void copyAttributes(const QXmlStreamAttributes &attrs, QSvgNode *node);
+
+    QXmlStreamReader m_xml;
+    std::unique_ptr<QSvgTinyDocument> m_doc;
+    QString m_error;
+    int m_nodeCount = 0;
+};

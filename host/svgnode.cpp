@@ -1,0 +1,660 @@
+#include "svgnode.h"
+#include "svgpathdata.h"
+#include "svgtinydocument.h"
+#include <QFontMetricsF>
+#include <QtMath>
+#include <cmath>
+
+namespace {
+
+const QString kId = QStringLiteral("id");
+const QString kStyle = QStringLiteral("style");
+const QString kTransform = QStringLiteral("transform");
+const QString kRotateAngle = QStringLiteral("rotate_angle");
+const QString kRotateX = QStringLiteral("rotate_x");
+const QString kRotateY = QStringLiteral("rotate_y");
+
+QVector<QSvgNode::Attr> parseStyle(const QString &s)
+{
+    QVector<QSvgNode::Attr> out;
+    const auto decls = s.split(QLatin1Char(';'), Qt::SkipEmptyParts);
+    for (const QString &decl : decls) {
+        const int colon = decl.indexOf(QLatin1Char(':'));
+        if (colon <= 0)
+            continue;
+        out.append({decl.left(colon).trimmed(), decl.mid(colon + 1).trimmed()});
+    }
+    return out;
+}
+
+QString writeStyle(const QVector<QSvgNode::Attr> &style)
+{
+    QStringList parts;
+    for (const auto &a : style)
+        parts << a.name + QLatin1Char(':') + a.value;
+    return parts.join(QLatin1Char(';'));
+}
+
+QTransform parseTransform(const QString &text)
+{
+    QTransform result;
+    const QChar *p = text.constData();
+    const QChar *end = p + text.size();
+    while (p < end) {
+        while (p < end && (p->isSpace() || *p == QLatin1Char(',')))
+            ++p;
+        const QChar *nameStart = p;
+        while (p < end && p->isLetter())
+            ++p;
+        const QString name(nameStart, int(p - nameStart));
+        while (p < end && p->isSpace())
+            ++p;
+        if (name.isEmpty() || p >= end || *p != QLatin1Char('('))
+            break;
+        ++p;
+        const QVector<double> a = SvgNumbers::parseList(p, end);
+        while (p < end && *p != QLatin1Char(')'))
+            ++p;
+        if (p < end)
+            ++p;
+        QTransform t;
+        if (name == QLatin1String("matrix") && a.size() == 6)
+            t = QTransform(a[0], a[1], a[2], a[3], a[4], a[5]);
+        else if (name == QLatin1String("translate") && !a.isEmpty())
+            t.translate(a[0], a.size() > 1 ? a[1] : 0);
+        else if (name == QLatin1String("scale") && !a.isEmpty())
+            t.scale(a[0], a.size() > 1 ? a[1] : a[0]);
+        else if (name == QLatin1String("rotate") && !a.isEmpty()) {
+            const double cx = a.size() > 2 ? a[1] : 0, cy = a.size() > 2 ? a[2] : 0;
+            t.translate(cx, cy);
+            t.rotate(a[0]);
+            t.translate(-cx, -cy);
+        } else if (name == QLatin1String("skewX") && a.size() == 1)
+            t.shear(std::tan(qDegreesToRadians(a[0])), 0);
+        else if (name == QLatin1String("skewY") && a.size() == 1)
+            t.shear(0, std::tan(qDegreesToRadians(a[0])));
+        else
+            break;
+        // SVG lists apply right to left to points; QTransform composes row vectors.
+        result = t * result;
+    }
+    return result;
+}
+
+QColor parsePaintColor(const QString &v)
+{
+    if (v.isEmpty() || v == QLatin1String("none") || v.startsWith(QLatin1String("url(")))
+        return QColor();
+    return QColor(v);
+}
+
+} // namespace
+
+// ---------------------------------------------------------------- numbers
+
+QString SvgNumbers::format(double v)
+{
+    if (v == 0)
+        return QStringLiteral("0");
+    if (std::isnan(v))
+        return QStringLiteral("NaN");
+    if (std::isinf(v))
+        return v > 0 ? QStringLiteral("Infinity") : QStringLiteral("-Infinity");
+    return QString::number(v, 'g', 15);
+}
+
+QVector<double> SvgNumbers::parseList(const QChar *&p, const QChar *end)
+{
+    QVector<double> out;
+    auto atEnd = [&](const QChar *q) { return end ? q >= end : q->isNull(); };
+    for (;;) {
+        while (!atEnd(p) && (p->isSpace() || *p == QLatin1Char(',')))
+            ++p;
+        if (atEnd(p))
+            break;
+        const QChar *q = p;
+        if (*q == QLatin1Char('+') || *q == QLatin1Char('-'))
+            ++q;
+        bool digits = false;
+        while (!atEnd(q) && q->isDigit()) { ++q; digits = true; }
+        if (!atEnd(q) && *q == QLatin1Char('.')) {
+            ++q;
+            while (!atEnd(q) && q->isDigit()) { ++q; digits = true; }
+        }
+        if (!digits)
+            break;
+        if (!atEnd(q) && (*q == QLatin1Char('e') || *q == QLatin1Char('E'))) {
+            const QChar *e = q + 1;
+            if (!atEnd(e) && (*e == QLatin1Char('+') || *e == QLatin1Char('-')))
+                ++e;
+            if (!atEnd(e) && e->isDigit()) {
+                while (!atEnd(e) && e->isDigit())
+                    ++e;
+                q = e;
+            }
+        }
+        bool ok = false;
+        const double v = QString(p, int(q - p)).toDouble(&ok);
+        if (!ok)
+            break;
+        out.append(v);
+        p = q;
+    }
+    return out;
+}
+
+QString SvgNumbers::join(const QVector<double> &v)
+{
+    QString s;
+    for (int i = 0; i < v.size(); ++i) {
+        if (i)
+            s += QLatin1Char(',');
+        s += format(v[i]);
+    }
+    return s;
+}
+
+// ---------------------------------------------------------------- QSvgNode
+
+QSvgNode::QSvgNode(Type type, const QString &tag) : m_type(type), m_tag(tag) {}
+
+QSvgNode::~QSvgNode() = default;
+
+QSvgTinyDocument *QSvgNode::document() const
+{
+    const QSvgNode *n = this;
+    while (n->m_parent)
+        n = n->m_parent;
+    return n->m_type == Doc ? static_cast<QSvgTinyDocument *>(const_cast<QSvgNode *>(n)) : nullptr;
+}
+
+std::unique_ptr<QSvgNode> QSvgNode::clone() const
+{
+    std::unique_ptr<QSvgNode> c;
+    switch (m_type) {
+    case Rect: c.reset(new QSvgRect); break;
+    case Line: c.reset(new QSvgLine); break;
+    case Path: c.reset(new QSvgPath); break;
+    case Polygon: c.reset(new QSvgPolygon(true)); break;
+    case Polyline: c.reset(new QSvgPolygon(false)); break;
+    case Ellipse: c.reset(new QSvgEllipse(false)); break;
+    case Circle: c.reset(new QSvgEllipse(true)); break;
+    case Text: c.reset(new QSvgText); break;
+    case Doc: // a document clones as a plain group
+    case Group: c.reset(new QSvgStructureNode(Group, QStringLiteral("g"))); break;
+    default: c.reset(new QSvgStructureNode(m_type, m_tag)); break;
+    }
+    c->m_tag = m_type == Doc ? QStringLiteral("g") : m_tag;
+    c->m_attrs = m_attrs;
+    c->m_style = m_style;
+    c->m_text = m_text;
+    c->m_visible = m_visible;
+    c->m_strokeEnabled = m_strokeEnabled;
+    c->m_fillEnabled = m_fillEnabled;
+    c->m_3dBack = m_3dBack;
+    c->m_cloneSource = const_cast<QSvgNode *>(this);
+    for (const auto &child : m_children) {
+        auto cc = child->clone();
+        cc->m_cloneSource = nullptr;
+        c->appendChild(std::move(cc));
+    }
+    return c;
+}
+
+bool QSvgNode::hasAttribute(const QString &name) const
+{
+    if (m_type == Text && name == QLatin1String("value"))
+        return true;
+    for (const Attr &a : m_attrs)
+        if (a.name == name)
+            return true;
+    return false;
+}
+
+QString QSvgNode::attribute(const QString &name) const
+{
+    if (m_type == Text && name == QLatin1String("value"))
+        return m_text;
+    for (const Attr &a : m_attrs)
+        if (a.name == name)
+            return a.value;
+    return QString();
+}
+
+void QSvgNode::setAttribute(const QString &name, const QString &value)
+{
+    if (m_type == Text && name == QLatin1String("value")) {
+        m_text = value;
+        return;
+    }
+    QString oldId;
+    const bool isId = name == kId;
+    if (isId)
+        oldId = nodeId();
+    bool found = false;
+    for (Attr &a : m_attrs) {
+        if (a.name == name) {
+            a.value = value;
+            found = true;
+            break;
+        }
+    }
+    if (!found)
+        m_attrs.append({name, value});
+    if (name == kStyle)
+        m_style = parseStyle(value);
+    if (isId && oldId != value) {
+        if (QSvgTinyDocument *doc = document())
+            doc->reindex(this, oldId, value);
+    }
+    attributeChanged(name);
+}
+
+void QSvgNode::removeAttribute(const QString &name)
+{
+    const QString oldId = name == kId ? nodeId() : QString();
+    for (int i = 0; i < m_attrs.size(); ++i) {
+        if (m_attrs[i].name == name) {
+            m_attrs.remove(i);
+            break;
+        }
+    }
+    if (name == kStyle)
+        m_style.clear();
+    if (!oldId.isEmpty())
+        if (QSvgTinyDocument *doc = document())
+            doc->reindex(this, oldId, QString());
+    attributeChanged(name);
+}
+
+double QSvgNode::numAttribute(const QString &name, double fallback) const
+{
+    for (const Attr &a : m_attrs) {
+        if (a.name == name) {
+            const QChar *p = a.value.constData();
+            const QVector<double> v = SvgNumbers::parseList(p, p + a.value.size());
+            if (!v.isEmpty())
+                return v.first();
+            bool ok = false;
+            const double d = a.value.trimmed().toDouble(&ok); // NaN, Infinity
+            return ok ? d : fallback;
+        }
+    }
+    return fallback;
+}
+
+void QSvgNode::setNumAttribute(const QString &name, double value)
+{
+    setAttribute(name, SvgNumbers::format(value));
+}
+
+QString QSvgNode::styleProperty(const QString &name) const
+{
+    for (const Attr &a : m_style)
+        if (a.name == name)
+            return a.value;
+    for (const Attr &a : m_attrs)
+        if (a.name == name)
+            return a.value;
+    return QString();
+}
+
+void QSvgNode::setStyleProperty(const QString &name, const QString &value)
+{
+    for (Attr &a : m_style) {
+        if (a.name == name) {
+            a.value = value;
+            setAttribute(kStyle, writeStyle(m_style));
+            return;
+        }
+    }
+    setAttribute(name, value);
+}
+
+void QSvgNode::setFillColor(const QColor &c)
+{
+    setStyleProperty(QStringLiteral("fill"), c.name());
+}
+
+void QSvgNode::setStrokeColor(const QColor &c)
+{
+    setStyleProperty(QStringLiteral("stroke"), c.name());
+}
+
+QColor QSvgNode::fillColor() const { return parsePaintColor(styleProperty(QStringLiteral("fill"))); }
+QColor QSvgNode::strokeColor() const { return parsePaintColor(styleProperty(QStringLiteral("stroke"))); }
+
+QRectF QSvgNode::rect() const { return shape().boundingRect(); }
+QPainterPath QSvgNode::shape() const { return QPainterPath(); }
+void QSvgNode::translate(double, double) {}
+
+void QSvgNode::translateNumAttr(const char *name, double d)
+{
+    const QString n = QLatin1String(name);
+    setNumAttribute(n, numAttribute(n) + d);
+}
+
+void QSvgNode::attributeChanged(const QString &name)
+{
+    if (name == kTransform || name == kRotateAngle || name == kRotateX || name == kRotateY)
+        m_transformValid = false;
+}
+
+bool QSvgNode::hasRotation() const
+{
+    for (const Attr &a : m_attrs)
+        if (a.name == kRotateAngle)
+            return true;
+    return false;
+}
+
+QTransform QSvgNode::localTransform() const
+{
+    if (!m_transformValid) {
+        m_transform = parseTransform(attribute(kTransform));
+        if (hasRotation()) {
+            const double a = numAttribute(kRotateAngle);
+            if (std::isfinite(a) && a != 0) {
+                const double cx = numAttribute(kRotateX), cy = numAttribute(kRotateY);
+                QTransform r;
+                r.translate(cx, cy);
+                r.rotate(a);
+                r.translate(-cx, -cy);
+                m_transform = r * m_transform;
+            }
+        }
+        m_transformValid = true;
+    }
+    return m_transform;
+}
+
+QTransform QSvgNode::documentTransform() const
+{
+    QTransform t;
+    for (const QSvgNode *n = this; n && n->m_type != Doc; n = n->m_parent)
+        t = t * n->localTransform();
+    return t;
+}
+
+QRectF QSvgNode::transformedBounds() const
+{
+    QRectF r;
+    if (m_type == Group || m_type == Doc) {
+        for (const auto &c : m_children) {
+            if (!c->isVisible())
+                continue;
+            const QRectF cb = c->transformedBounds();
+            if (cb.isNull())
+                continue;
+            r = r.isNull() ? cb : r.united(cb);
+        }
+        return m_type == Doc ? r : localTransform().mapRect(r);
+    }
+    if (m_type == Text)
+        return localTransform().mapRect(rect());
+    const QPainterPath s = shape();
+    if (s.isEmpty())
+        return QRectF();
+    return localTransform().map(s).boundingRect();
+}
+
+QRectF QSvgNode::documentBounds() const
+{
+    const QRectF b = transformedBounds();
+    return m_parent ? m_parent->documentTransform().mapRect(b) : b;
+}
+
+void QSvgNode::appendChild(std::unique_ptr<QSvgNode> child)
+{
+    insertChild(int(m_children.size()), std::move(child));
+}
+
+void QSvgNode::insertChild(int index, std::unique_ptr<QSvgNode> child)
+{
+    if (!child)
+        return;
+    child->m_parent = this;
+    QSvgNode *raw = child.get();
+    index = qBound(0, index, int(m_children.size()));
+    m_children.insert(m_children.begin() + index, std::move(child));
+    if (QSvgTinyDocument *doc = document())
+        doc->indexSubtree(raw);
+}
+
+std::unique_ptr<QSvgNode> QSvgNode::takeChild(QSvgNode *child)
+{
+    const int i = indexOf(child);
+    if (i < 0)
+        return nullptr;
+    if (QSvgTinyDocument *doc = document())
+        doc->unindexSubtree(child);
+    std::unique_ptr<QSvgNode> out = std::move(m_children[size_t(i)]);
+    m_children.erase(m_children.begin() + i);
+    out->m_parent = nullptr;
+    return out;
+}
+
+int QSvgNode::indexOf(const QSvgNode *child) const
+{
+    for (size_t i = 0; i < m_children.size(); ++i)
+        if (m_children[i].get() == child)
+            return int(i);
+    return -1;
+}
+
+// ---------------------------------------------------------------- shapes
+
+QRectF QSvgRect::rect() const
+{
+    return QRectF(numAttribute(QStringLiteral("x")), numAttribute(QStringLiteral("y")),
+                  numAttribute(QStringLiteral("width")), numAttribute(QStringLiteral("height")));
+}
+
+QPainterPath QSvgRect::shape() const
+{
+    QPainterPath p;
+    const QRectF r = rect();
+    if (!(r.width() > 0) || !(r.height() > 0))
+        return p;
+    double rx = numAttribute(QStringLiteral("rx"), -1), ry = numAttribute(QStringLiteral("ry"), -1);
+    if (rx < 0) rx = ry;
+    if (ry < 0) ry = rx;
+    rx = qBound(0.0, rx, r.width() / 2);
+    ry = qBound(0.0, ry, r.height() / 2);
+    if (rx > 0 && ry > 0)
+        p.addRoundedRect(r, rx, ry);
+    else
+        p.addRect(r);
+    return p;
+}
+
+void QSvgRect::translate(double dx, double dy)
+{
+    translateNumAttr("x", dx);
+    translateNumAttr("y", dy);
+}
+
+QRectF QSvgLine::rect() const
+{
+    const QPointF a(numAttribute(QStringLiteral("x1")), numAttribute(QStringLiteral("y1")));
+    const QPointF b(numAttribute(QStringLiteral("x2")), numAttribute(QStringLiteral("y2")));
+    return QRectF(a, b).normalized();
+}
+
+QPainterPath QSvgLine::shape() const
+{
+    QPainterPath p;
+    p.moveTo(numAttribute(QStringLiteral("x1")), numAttribute(QStringLiteral("y1")));
+    p.lineTo(numAttribute(QStringLiteral("x2")), numAttribute(QStringLiteral("y2")));
+    return p;
+}
+
+void QSvgLine::translate(double dx, double dy)
+{
+    translateNumAttr("x1", dx);
+    translateNumAttr("x2", dx);
+    translateNumAttr("y1", dy);
+    translateNumAttr("y2", dy);
+}
+
+QRectF QSvgEllipse::rect() const
+{
+    const double cx = numAttribute(QStringLiteral("cx")), cy = numAttribute(QStringLiteral("cy"));
+    double rx, ry;
+    if (type() == Circle) {
+        rx = ry = numAttribute(QStringLiteral("r"));
+    } else {
+        rx = numAttribute(QStringLiteral("rx"));
+        ry = numAttribute(QStringLiteral("ry"));
+    }
+    return QRectF(cx - rx, cy - ry, 2 * rx, 2 * ry);
+}
+
+QPainterPath QSvgEllipse::shape() const
+{
+    QPainterPath p;
+    const QRectF r = rect();
+    if (r.width() > 0 && r.height() > 0)
+        p.addEllipse(r);
+    return p;
+}
+
+void QSvgEllipse::translate(double dx, double dy)
+{
+    translateNumAttr("cx", dx);
+    translateNumAttr("cy", dy);
+}
+
+const QPainterPath &QSvgPath::path() const
+{
+    if (!m_pathValid) {
+        m_path = SvgPathData::toPainterPath(SvgPathData::parse(attribute(QStringLiteral("d"))));
+        m_path.setFillRule(styleProperty(QStringLiteral("fill-rule")) == QLatin1String("evenodd")
+                               ? Qt::OddEvenFill : Qt::WindingFill);
+        m_pathValid = true;
+    }
+    return m_path;
+}
+
+QRectF QSvgPath::rect() const { return path().boundingRect(); }
+QPainterPath QSvgPath::shape() const { return path(); }
+
+void QSvgPath::translate(double dx, double dy)
+{
+    auto segs = SvgPathData::parse(attribute(QStringLiteral("d")));
+    SvgPathData::translate(segs, dx, dy);
+    setAttribute(QStringLiteral("d"), SvgPathData::write(segs));
+}
+
+void QSvgPath::copyPath(const QSvgNode *from)
+{
+    if (from && from->type() == Path)
+        setAttribute(QStringLiteral("d"), from->attribute(QStringLiteral("d")));
+}
+
+void QSvgPath::attributeChanged(const QString &name)
+{
+    QSvgNode::attributeChanged(name);
+    if (name == QLatin1String("d") || name == QLatin1String("fill-rule") || name == QLatin1String("style"))
+        m_pathValid = false;
+}
+
+QVector<QPointF> QSvgPolygon::points() const
+{
+    const QString s = attribute(QStringLiteral("points"));
+    const QChar *p = s.constData();
+    const QVector<double> v = SvgNumbers::parseList(p, p + s.size());
+    QVector<QPointF> pts;
+    for (int i = 0; i + 1 < v.size(); i += 2)
+        pts.append(QPointF(v[i], v[i + 1]));
+    return pts;
+}
+
+void QSvgPolygon::setPoints(const QVector<QPointF> &pts)
+{
+    QStringList parts;
+    for (const QPointF &p : pts)
+        parts << SvgNumbers::format(p.x()) + QLatin1Char(',') + SvgNumbers::format(p.y());
+    setAttribute(QStringLiteral("points"), parts.join(QLatin1Char(' ')));
+}
+
+QRectF QSvgPolygon::rect() const { return shape().boundingRect(); }
+
+QPainterPath QSvgPolygon::shape() const
+{
+    QPainterPath p;
+    const QVector<QPointF> pts = points();
+    if (pts.isEmpty())
+        return p;
+    p.moveTo(pts.first());
+    for (int i = 1; i < pts.size(); ++i)
+        p.lineTo(pts[i]);
+    if (type() == Polygon)
+        p.closeSubpath();
+    return p;
+}
+
+void QSvgPolygon::translate(double dx, double dy)
+{
+    QVector<QPointF> pts = points();
+    for (QPointF &p : pts)
+        p += QPointF(dx, dy);
+    setPoints(pts);
+}
+
+QFont QSvgText::font() const
+{
+    QString family = styleProperty(QStringLiteral("font-family"));
+    family.remove(QLatin1Char('\'')).remove(QLatin1Char('"'));
+    // The templates name PostScript faces; the metric-compatible free face stands in.
+    if (family.isEmpty() || family.startsWith(QLatin1String("Arial")) || family.contains(QLatin1String("Helvetica")))
+        family = QStringLiteral("Liberation Sans");
+    QFont f(family.section(QLatin1Char(','), 0, 0).trimmed());
+    double size = numAttribute(QStringLiteral("font-size"), 0);
+    const QString styled = styleProperty(QStringLiteral("font-size"));
+    if (!styled.isEmpty()) {
+        const QChar *p = styled.constData();
+        const QVector<double> v = SvgNumbers::parseList(p, p + styled.size());
+        if (!v.isEmpty())
+            size = v.first();
+    }
+    if (!(size > 0) || size > 10000)
+        size = 16;
+    f.setPixelSize(qMax(1, qRound(size)));
+    const QString weight = styleProperty(QStringLiteral("font-weight"));
+    if (weight == QLatin1String("bold") || weight.toInt() >= 600)
+        f.setBold(true);
+    return f;
+}
+
+QRectF QSvgText::rect() const
+{
+    const QFontMetricsF fm(font());
+    const double w = fm.horizontalAdvance(text());
+    double x = numAttribute(QStringLiteral("x"));
+    const QString anchor = styleProperty(QStringLiteral("text-anchor"));
+    if (anchor == QLatin1String("middle"))
+        x -= w / 2;
+    else if (anchor == QLatin1String("end"))
+        x -= w;
+    const double y = numAttribute(QStringLiteral("y"));
+    return QRectF(x, y - fm.ascent(), w, fm.ascent() + fm.descent());
+}
+
+void QSvgText::translate(double dx, double dy)
+{
+    translateNumAttr("x", dx);
+    translateNumAttr("y", dy);
+}
+
+void QSvgText::attributeChanged(const QString &name) { QSvgNode::attributeChanged(name); }
+
+QRectF QSvgStructureNode::rect() const { return transformedBounds(); }
+
+void QSvgStructureNode::translate(double dx, double dy)
+{
+    if (type() != Group)
+        return;
+    for (const auto &c : children())
+        c->translate(dx, dy);
+}

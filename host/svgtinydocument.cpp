@@ -1,0 +1,70 @@
+#include "svgtinydocument.h"
+
+QSvgTinyDocument::QSvgTinyDocument() : QSvgNode(Doc, QStringLiteral("svg")) {}
+
+QSvgTinyDocument::~QSvgTinyDocument() = default;
+
+QSizeF QSvgTinyDocument::size() const
+{
+    if (m_size.width() > 0 && m_size.height() > 0)
+        return m_size;
+    return m_viewBox.size();
+}
+
+QRectF QSvgTinyDocument::cachedBounds()
+{
+    if (m_cachedBounds.size().isNull())
+        m_cachedBounds = transformedBounds();
+    return m_cachedBounds;
+}
+
+QSvgNode *QSvgTinyDocument::findById(const QSvgNode *from, const QString &id, const QSvgNode *skip) const
+{
+    for (const auto &c : from->children()) {
+        if (c.get() == skip)
+            continue;
+        if (c->nodeId() == id)
+            return c.get();
+        if (QSvgNode *n = findById(c.get(), id, skip))
+            return n;
+    }
+    return nullptr;
+}
+
+void QSvgTinyDocument::reindex(QSvgNode *node, const QString &oldId, const QString &newId)
+{
+    if (!oldId.isEmpty() && m_index.value(oldId) == node) {
+        m_index.remove(oldId);
+        // Another node may carry the same id; it takes over the name.
+        if (QSvgNode *other = findById(this, oldId, node))
+            m_index.insert(oldId, other);
+    }
+    if (!newId.isEmpty() && !m_index.contains(newId))
+        m_index.insert(newId, node);
+}
+
+void QSvgTinyDocument::indexSubtree(QSvgNode *node)
+{
+    const QString id = node->nodeId();
+    if (!id.isEmpty() && !m_index.contains(id))
+        m_index.insert(id, node);
+    for (const auto &c : node->children())
+        indexSubtree(c.get());
+}
+
+void QSvgTinyDocument::unindexSubtree(QSvgNode *node)
+{
+    unindexSubtree(node, node);
+}
+
+void QSvgTinyDocument::unindexSubtree(QSvgNode *node, QSvgNode *root)
+{
+    for (const auto &c : node->children())
+        unindexSubtree(c.get(), root);
+    const QString id = node->nodeId();
+    if (!id.isEmpty() && m_index.value(id) == node) {
+        m_index.remove(id);
+        if (QSvgNode *other = findById(this, id, root))
+            m_index.insert(id, other);
+    }
+}

@@ -1,0 +1,95 @@
+// Writes a document back as standard SVG.
+#include "svgtinydocument.h"
+#include <QXmlStreamWriter>
+#include <cmath>
+
+namespace {
+
+bool isHandle(const QSvgNode *n)
+{
+    return n->nodeId().startsWith(QLatin1String("control_"));
+}
+
+void writeNode(QXmlStreamWriter &w, const QSvgNode *n, const QSvgTinyDocument::WriteOptions &o)
+{
+    if (!o.handles && isHandle(n))
+        return;
+    if (!o.handles && !n->isVisible())
+        return;
+    w.writeStartElement(n->tagName());
+    const bool bake = o.standalone && n->hasRotation();
+    for (const QSvgNode::Attr &a : n->attributes()) {
+        if (bake && a.name == QLatin1String("transform"))
+            continue;
+        w.writeAttribute(a.name, a.value);
+    }
+    if (bake) {
+        // Ordinary renderers ignore rotate_angle: express it as a rotation about the pivot,
+        // and keep the node's own transform aside so reading it back restores both.
+        const QString own = n->attribute(QStringLiteral("transform"));
+        const double angle = n->numAttribute(QStringLiteral("rotate_angle"));
+        QString t = own;
+        if (std::isfinite(angle) && angle != 0) {
+            if (!t.isEmpty())
+                t += QLatin1Char(' ');
+            t += QStringLiteral("rotate(%1 %2 %3)").arg(SvgNumbers::format(angle),
+                                                          SvgNumbers::format(n->numAttribute(QStringLiteral("rotate_x"))),
+                                                          SvgNumbers::format(n->numAttribute(QStringLiteral("rotate_y"))));
+        }
+        if (!t.isEmpty())
+            w.writeAttribute(QStringLiteral("transform"), t);
+        w.writeAttribute(QStringLiteral("host_transform"), own);
+    }
+    if (!n->isVisible())
+        w.writeAttribute(QStringLiteral("display"), QStringLiteral("none"));
+    if (!n->text().isEmpty())
+        w.writeCharacters(n->text());
+    for (const auto &c : n->children())
+        writeNode(w, c.get(), o);
+    w.writeEndElement();
+}
+
+} // namespace
+
+QByteArray QSvgTinyDocument::toSvg(const WriteOptions &o) const
+{
+    QByteArray out;
+    QXmlStreamWriter w(&out);
+    w.setAutoFormatting(true);
+    w.setAutoFormattingIndent(1);
+    bool declared = false;
+    for (const QString &line : m_prolog) {
+        if (line.startsWith(QLatin1String("<?xml"))) {
+            w.writeStartDocument();
+            declared = true;
+        } else if (line.startsWith(QLatin1String("<!--"))) {
+            w.writeComment(line.mid(4, line.size() - 7));
+        } else {
+            w.writeDTD(line);
+        }
+    }
+    if (!declared && m_prolog.isEmpty())
+        w.writeStartDocument();
+    w.writeStartElement(QStringLiteral("svg"));
+    bool hasNs = false;
+    for (const Attr &a : attributes()) {
+        if (a.name == QLatin1String("width") || a.name == QLatin1String("height") || a.name == QLatin1String("viewBox"))
+            continue;
+        if (a.name == QLatin1String("xmlns"))
+            hasNs = true;
+        w.writeAttribute(a.name, a.value);
+    }
+    if (!hasNs)
+        w.writeAttribute(QStringLiteral("xmlns"), QStringLiteral("http://www.w3.org/2000/svg"));
+    const QSizeF s = size();
+    w.writeAttribute(QStringLiteral("width"), SvgNumbers::format(s.width()) + QStringLiteral("px"));
+    w.writeAttribute(QStringLiteral("height"), SvgNumbers::format(s.height()) + QStringLiteral("px"));
+    const QRectF vb = m_viewBox;
+    w.writeAttribute(QStringLiteral("viewBox"), QStringLiteral("%1 %2 %3 %4").arg(SvgNumbers::format(vb.x()), SvgNumbers::format(vb.y()),
+                                                                           SvgNumbers::format(vb.width()), SvgNumbers::format(vb.height())));
+    for (const auto &c : children())
+        writeNode(w, c.get(), o);
+    w.writeEndElement();
+    w.writeEndDocument();
+    return out;
+}

@@ -1,0 +1,8 @@
+#pragma once
+#include <QtCore/qglobal.h>
+
+#if defined(PHYSICALOBJECT_LIBRARY)
+#define PHYSICALOBJECT_SHARED_EXPORT Q_DECL_EXPORT
+#else
+#define PHYSICALOBJECT_SHARED_EXPORT Q_DECL_IMPORT
+#endif
