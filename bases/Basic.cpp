@@ -25,8 +25,10 @@ void CBasic::Resize(bool bFinal)
     if (!m_pDocument)
         return;
     QRectF vb = m_pDocument->viewBox();
-    if (vb.width() == 0 && vb.height() == 0)
+    if (vb.width() == 0 && vb.height() == 0) {
         vb = m_pDocument->transformedBounds();
+        m_pDocument->setViewBox(vb);
+    }
     // The start corners are deliberately lopsided: drawings below y = 1000 lower the top themselves.
     QPointF topLeft(10000.0, 1000.0), bottomRight(0.0, 0.0);
     CaculateObjectRetangle(topLeft, bottomRight);

@@ -41,7 +41,7 @@ bool SvgHandler::parse()
         } else if (tok == QXmlStreamReader::Comment) {
             doc->prolog() << QStringLiteral("<!--") + m_xml.text().toString() + QStringLiteral("-->");
         } else if (tok == QXmlStreamReader::DTD) {
-            doc->prolog() << m_xml.text().toString();
+            doc->prolog() << m_xml.text().toString().trimmed();
         } else if (tok == QXmlStreamReader::StartElement) {
             if (m_xml.name() != QLatin1String("svg")) {
                 m_error = QStringLiteral("root element is <%1>, not <svg>").arg(m_xml.name().toString());
@@ -105,7 +105,7 @@ bool SvgHandler::readChildren(QSvgNode *parent, int depth)
             m_error = QStringLiteral("document nests or grows too deep");
             return false;
         }
-        std::unique_ptr<QSvgNode> node = createNode(m_xml.name());
+        std::unique_ptr<QSvgNode> node = createNode(m_xml.qualifiedName());
         copyNamespaces(node.get());
         copyAttributes(m_xml.attributes(), node.get());
         QSvgNode *raw = node.get();

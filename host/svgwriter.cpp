@@ -29,7 +29,7 @@ void writeNode(QXmlStreamWriter &w, const QSvgNode *n, const QSvgTinyDocument::W
         const QString own = n->attribute(QStringLiteral("transform"));
         const double angle = n->numAttribute(QStringLiteral("rotate_angle"));
         QString t = own;
-        if (std::isfinite(angle) && angle != 0) {
+        if (std::isfinite(angle)) {
             if (!t.isEmpty())
                 t += QLatin1Char(' ');
             t += QStringLiteral("rotate(%1 %2 %3)").arg(SvgNumbers::format(angle),

@@ -1,11 +1,11 @@
-// Fonts and painting need a GUI application; tests run it offscreen.
-#include <QGuiApplication>
+// Fonts, painting and graphics scenes need an application object; tests run it offscreen.
+#include <QApplication>
 #include <gtest/gtest.h>
 
 int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication app(argc, argv);
+    QApplication app(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -1,0 +1,90 @@
+// physlab as a script host: one JSON line per command, errors that do not stop the script.
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct PhyslabRun {
+    int exitCode;
+    QList<QJsonObject> lines;
+};
+
+PhyslabRun physlab(const QStringList &args, const QByteArray &input = QByteArray())
+{
+    QProcess p;
+    p.start(QStringLiteral(PHYSLAB_PATH), args);
+    p.write(input);
+    p.closeWriteChannel();
+    p.waitForFinished(60000);
+    PhyslabRun r{p.exitCode(), {}};
+    for (const QByteArray &line : p.readAllStandardOutput().split('\n'))
+        if (!line.trimmed().isEmpty())
+            r.lines << QJsonDocument::fromJson(line).object();
+    return r;
+}
+
+} // namespace
+
+TEST(Physlab, ScriptEndToEnd)
+{
+    const QByteArray script =
+        "# a stick, dragged, saved, reloaded\n"
+        "new 107\n"
+        "drag control_1 -60 70 --final\n"
+        "node bevel1 rotate_angle\n"
+        "save\n"
+        "undo\n"
+        "node rect width\n"
+        "redo\n"
+        "prop 5002 #ff0000\n"
+        "playback\n"
+        "drag control_9 1 1\n"
+        "drag control_1 abc 1\n"
+        "bogus\n"
+        "bounds\n";
+    const PhyslabRun r = physlab({"run"}, script);
+    EXPECT_EQ(r.exitCode, 1); // three commands failed
+    ASSERT_EQ(r.lines.size(), 13);
+    EXPECT_TRUE(r.lines[0]["content"].toBool());
+    EXPECT_TRUE(r.lines[1]["result"].toBool());
+    EXPECT_EQ(r.lines[1]["delta"].toArray(), (QJsonArray{QJsonValue(-60), QJsonValue(70)}));
+    EXPECT_NEAR(r.lines[2]["value"].toString().toDouble(), 34.2162654266912, 1e-9);
+    const QString saved = r.lines[3]["data"].toString();
+    EXPECT_FALSE(saved.isEmpty());
+    EXPECT_EQ(r.lines[5]["value"].toString(), QStringLiteral("162.939"));
+    EXPECT_EQ(r.lines[8]["records"].toArray().size(), 1);
+    for (int i : {9, 10, 11})
+        EXPECT_TRUE(r.lines[i].contains("error")) << i;
+    EXPECT_TRUE(r.lines[12].contains("viewBox"));
+
+    // The saved stream reloads into the same drawing.
+    const PhyslabRun back = physlab({"run"}, "new 107\nload " + saved.toLatin1() + "\nnode bevel1 rotate_angle\nload AAAA\n");
+    ASSERT_EQ(back.lines.size(), 4);
+    EXPECT_TRUE(back.lines[1]["result"].toBool());
+    EXPECT_EQ(back.lines[2]["value"], r.lines[2]["value"]);
+    EXPECT_TRUE(back.lines[3].contains("error"));
+}
+
+TEST(Physlab, ListRenderAndGallery)
+{
+    const PhyslabRun list = physlab({"list"});
+    EXPECT_EQ(list.exitCode, 0);
+    EXPECT_TRUE(list.lines.contains(QJsonObject{{"type", 107}, {"class", "CStick"}, {"name", "Stick"}}));
+
+    QTemporaryDir dir;
+    EXPECT_EQ(physlab({"render", "107", "-o", dir.filePath("s.png"), "--scale", "2"}).exitCode, 0);
+    EXPECT_EQ(physlab({"render", "107", "-o", dir.filePath("s.svg"), "--no-handles"}).exitCode, 0);
+    EXPECT_TRUE(QFile::exists(dir.filePath("s.png")));
+    QFile svg(dir.filePath("s.svg"));
+    ASSERT_TRUE(svg.open(QIODevice::ReadOnly));
+    EXPECT_FALSE(svg.readAll().contains("control_1"));
+    EXPECT_NE(physlab({"render", "99", "-o", dir.filePath("x.png")}).exitCode, 0);
+    EXPECT_NE(physlab({"render", "107", "-o", dir.filePath("x.bmp")}).exitCode, 0);
+    EXPECT_EQ(physlab({"gallery", dir.filePath("g")}).exitCode, 0);
+    EXPECT_TRUE(QFile::exists(dir.filePath("g/index.html")));
+    EXPECT_TRUE(QFile::exists(dir.filePath("g/107-default.png")));
+}
