@@ -36,18 +36,28 @@ void QSvgTinyDocument::reindex(QSvgNode *node, const QString &oldId, const QStri
     if (!oldId.isEmpty() && m_index.value(oldId) == node) {
         m_index.remove(oldId);
         // Another node may carry the same id; it takes over the name.
-        if (QSvgNode *other = findById(this, oldId, node))
+        if (QSvgNode *other = m_shadowedIds ? findById(this, oldId, node) : nullptr)
             m_index.insert(oldId, other);
     }
-    if (!newId.isEmpty() && !m_index.contains(newId))
-        m_index.insert(newId, node);
+    if (!newId.isEmpty()) {
+        const auto it = m_index.constFind(newId);
+        if (it == m_index.cend())
+            m_index.insert(newId, node);
+        else if (it.value() != node)
+            ++m_shadowedIds;
+    }
 }
 
 void QSvgTinyDocument::indexSubtree(QSvgNode *node)
 {
     const QString id = node->nodeId();
-    if (!id.isEmpty() && !m_index.contains(id))
-        m_index.insert(id, node);
+    if (!id.isEmpty()) {
+        const auto it = m_index.constFind(id);
+        if (it == m_index.cend())
+            m_index.insert(id, node);
+        else if (it.value() != node)
+            ++m_shadowedIds;
+    }
     for (const auto &c : node->children())
         indexSubtree(c.get());
 }
@@ -64,7 +74,7 @@ void QSvgTinyDocument::unindexSubtree(QSvgNode *node, QSvgNode *root)
     const QString id = node->nodeId();
     if (!id.isEmpty() && m_index.value(id) == node) {
         m_index.remove(id);
-        if (QSvgNode *other = findById(this, id, root))
+        if (QSvgNode *other = m_shadowedIds ? findById(this, id, root) : nullptr)
             m_index.insert(id, other);
     }
 }

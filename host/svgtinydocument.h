@@ -54,6 +54,9 @@ private:
     QSvgNode *findById(const QSvgNode *from, const QString &id, const QSvgNode *skip) const;
 
     QHash<QString, QSvgNode *> m_index;
+    // Ids ever indexed while another node held them. Zero means every id is unique,
+    // so removing a node never has to look for a namesake to take over its id.
+    int m_shadowedIds = 0;
     QRectF m_viewBox;
     QSizeF m_size;
     QRectF m_cachedBounds;
