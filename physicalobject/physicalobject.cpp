@@ -1,5 +1,9 @@
 #include "physicalobject.h"
+#include "mechanics/Coil.h"
+#include "mechanics/Ruler.h"
+#include "mechanics/Spring.h"
 #include "mechanics/Stick.h"
+#include "mechanics/TriangleBevel.h"
 #include <svgbase.h>
 #include <QtMath>
 #include <cmath>
@@ -21,7 +25,11 @@ struct Entry {
 // Every id that creates content. Ids of the table that have no class yet, and ids
 // outside it, leave the container empty.
 const Entry kTypes[] = {
+    {{102, "CTriangleBevel", "Triangular incline"}, &make<CTriangleBevel>},
     {{107, "CStick", "Stick"}, &make<CStick>},
+    {{109, "CRuler", "Ruler"}, &make<CRuler>},
+    {{202, "CSpring", "Spring"}, &make<CSpring>},
+    {{501, "CCoil", "Coil"}, &make<CCoil>},
 };
 
 const Entry *findType(int typeId)

@@ -29,6 +29,14 @@ struct Scene {
 const Scene kScenes[] = {
     {107, "turned", "handle dragged down and in: the bar follows", "drag control_1 -60 70 --final"},
     {107, "left", "handle dragged left of the pivot (angle between 90 and 270)", "drag control_1 -260 -40 --final"},
+    {109, "shortest", "length 0 %: 16 ticks, labels 0 and 1", "set idPosValue=0"},
+    {109, "longest", "length 100 %: 266 ticks, labels 0 to 26", "set idPosValue=100"},
+    {202, "compressed", "handle dragged up: the turns close up", "drag control_1 0 -60 --final"},
+    {202, "stretched", "handle dragged down: every turn grows by the same amount", "drag control_1 0 120 --final"},
+    {202, "nohooks", "hook choice 0: no hooks at either end", "set idHookCount=0"},
+    {501, "stretched", "handle dragged down with the lead wires shown", "drag control_1 0 60 --final"},
+    {501, "noleads", "lead choice 0: no lead wires", "set idLeadCount=0"},
+    {102, "reshaped", "base lengthened and apex raised", "drag control_1 120 0 --final;drag control_2 0 -70 --final"},
 };
 
 int fail(const QString &text)
