@@ -86,19 +86,19 @@ public:
     }
 
 private:
-    QBrush paint(const QString &spec, double opacity, const QRectF &bbox)
+    QBrush paint(const QString &paintText, double opacity, const QRectF &bbox)
     {
-        if (spec.isEmpty() || spec == QLatin1String("none"))
+        if (paintText.isEmpty() || paintText == QLatin1String("none"))
             return Qt::NoBrush;
-        if (spec.startsWith(QLatin1String("url("))) {
-            const int hash = spec.indexOf(QLatin1Char('#'));
-            const int close = spec.indexOf(QLatin1Char(')'));
+        if (paintText.startsWith(QLatin1String("url("))) {
+            const int hash = paintText.indexOf(QLatin1Char('#'));
+            const int close = paintText.indexOf(QLatin1Char(')'));
             if (hash < 0 || close < hash)
                 return Qt::NoBrush;
-            const QSvgNode *g = m_doc->namedNode(spec.mid(hash + 1, close - hash - 1).trimmed());
+            const QSvgNode *g = m_doc->namedNode(paintText.mid(hash + 1, close - hash - 1).trimmed());
             return g && g->type() == QSvgNode::LinearGradient ? gradient(g, opacity, bbox) : QBrush(Qt::NoBrush);
         }
-        QColor c(spec);
+        QColor c(paintText);
         if (!c.isValid())
             return Qt::NoBrush;
         c.setAlphaF(c.alphaF() * qBound(0.0, opacity, 1.0));
