@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 // Qt's platform plugin keeps its screen objects until process exit; that is not ours.
-extern "C" const char *__lsan_default_suppressions()
+extern "C" __attribute__((visibility("default"), used)) const char *__lsan_default_suppressions()
 {
     return "leak:libQt5Gui\nleak:libQt5Core\nleak:libqoffscreen\nleak:libfontconfig\n";
 }
