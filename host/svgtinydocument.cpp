@@ -39,25 +39,25 @@ void QSvgTinyDocument::reindex(QSvgNode *node, const QString &oldId, const QStri
         if (QSvgNode *other = m_shadowedIds ? findById(this, oldId, node) : nullptr)
             m_index.insert(oldId, other);
     }
-    if (!newId.isEmpty()) {
-        const auto it = m_index.constFind(newId);
-        if (it == m_index.cend())
-            m_index.insert(newId, node);
-        else if (it.value() != node)
-            ++m_shadowedIds;
-    }
+    indexName(newId, node);
+}
+
+void QSvgTinyDocument::indexName(const QString &id, QSvgNode *node)
+{
+    if (id.isEmpty())
+        return;
+    // The first node keeps a name; later namesakes are only counted, so that a
+    // removal knows whether a search for the next holder is needed at all.
+    const auto it = m_index.constFind(id);
+    if (it == m_index.cend())
+        m_index.insert(id, node);
+    else if (it.value() != node)
+        ++m_shadowedIds;
 }
 
 void QSvgTinyDocument::indexSubtree(QSvgNode *node)
 {
-    const QString id = node->nodeId();
-    if (!id.isEmpty()) {
-        const auto it = m_index.constFind(id);
-        if (it == m_index.cend())
-            m_index.insert(id, node);
-        else if (it.value() != node)
-            ++m_shadowedIds;
-    }
+    indexName(node->nodeId(), node);
     for (const auto &c : node->children())
         indexSubtree(c.get());
 }

@@ -49,6 +49,7 @@ private:
     friend class SvgHandler;
     void reindex(QSvgNode *node, const QString &oldId, const QString &newId);
     void indexSubtree(QSvgNode *node);
+    void indexName(const QString &id, QSvgNode *node);
     void unindexSubtree(QSvgNode *node);
     void unindexSubtree(QSvgNode *node, QSvgNode *root);
     QSvgNode *findById(const QSvgNode *from, const QString &id, const QSvgNode *skip) const;
