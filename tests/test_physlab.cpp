@@ -62,8 +62,10 @@ TEST(Physlab, ScriptEndToEnd)
     EXPECT_TRUE(r.lines[12].contains("viewBox"));
 
     // The saved stream reloads into the same drawing.
-    const PhyslabRun back = physlab({"run"}, "new 107\nload " + saved.toLatin1() + "\nnode bevel1 rotate_angle\nload AAAA\n");
-    ASSERT_EQ(back.lines.size(), 4);
+    const PhyslabRun back = physlab({"run"}, "new 107\nload " + saved.toLatin1() + "\nnode bevel1 rotate_angle\nload AAAA\nloadjson {\"x\":1}\nloadjson [1\n");
+    ASSERT_EQ(back.lines.size(), 6);
+    EXPECT_TRUE(back.lines[4].contains("error"));
+    EXPECT_TRUE(back.lines[5].contains("error"));
     EXPECT_TRUE(back.lines[1]["result"].toBool());
     EXPECT_EQ(back.lines[2]["value"], r.lines[2]["value"]);
     EXPECT_TRUE(back.lines[3].contains("error"));

@@ -316,6 +316,8 @@ QJsonObject ScriptSession::cmdLoad(const QByteArray &data, bool json)
         if (!d.isObject())
             return error(QStringLiteral("not a JSON object: %1").arg(pe.errorString()));
         jsonObj = d.object();
+        if (!jsonObj.value(QStringLiteral("svgbase_stream")).isString())
+            return error(QStringLiteral("the JSON holds no saved object; nothing was loaded"));
     }
     CWBPhysicalObject *fresh = createObject_physical(0, m_obj->typeId(), false);
     bool ok = false;
