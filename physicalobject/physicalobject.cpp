@@ -4,6 +4,13 @@
 #include "mechanics/Spring.h"
 #include "mechanics/Stick.h"
 #include "mechanics/TriangleBevel.h"
+
+// electricity and magnetism
+
+// optics
+
+// circuit symbols
+
 #include <svgbase.h>
 #include <QtMath>
 #include <cmath>
@@ -30,6 +37,12 @@ const Entry kTypes[] = {
     {{109, "CRuler", "Ruler"}, &make<CRuler>},
     {{202, "CSpring", "Spring"}, &make<CSpring>},
     {{501, "CCoil", "Coil"}, &make<CCoil>},
+
+    // electricity and magnetism
+
+    // optics
+
+    // circuit symbols
 };
 
 const Entry *findType(int typeId)

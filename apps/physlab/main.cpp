@@ -37,6 +37,12 @@ const Scene kScenes[] = {
     {501, "stretched", "handle dragged down with the lead wires shown", "drag control_1 0 60 --final"},
     {501, "noleads", "lead choice 0: no lead wires", "set idLeadCount=0"},
     {102, "reshaped", "base lengthened and apex raised", "drag control_1 120 0 --final;drag control_2 0 -70 --final"},
+
+    // electricity and magnetism
+
+    // optics
+
+    // circuit symbols
 };
 
 int fail(const QString &text)
