@@ -10,6 +10,10 @@
 // optics
 
 // circuit symbols
+#include "circuit/BatteryImage.h"
+#include "circuit/BatteryPackImage.h"
+#include "circuit/CapacitanceImage.h"
+#include "circuit/ResistanceImage.h"
 
 #include <svgbase.h>
 #include <QtMath>
@@ -43,6 +47,10 @@ const Entry kTypes[] = {
     // optics
 
     // circuit symbols
+    {{700, "CBatteryImage", "Cell symbol"}, &make<CBatteryImage>},
+    {{701, "CBatteryPackImage", "Battery symbol"}, &make<CBatteryPackImage>},
+    {{710, "CResistanceImage", "Resistor symbol"}, &make<CResistanceImage>},
+    {{713, "CCapacitanceImage", "Capacitor symbol"}, &make<CCapacitanceImage>},
 };
 
 const Entry *findType(int typeId)

@@ -43,6 +43,10 @@ const Scene kScenes[] = {
     // optics
 
     // circuit symbols
+    {700, "longlabel", "a long label: the item widens to fit it", "set idTextContent=E=1.5V,internal_r=0.5ohm idTextColor=#c00000"},
+    {701, "longlabel", "a long label: the item widens to fit it", "set idTextContent=U=3.0V_(two_cells)"},
+    {710, "longlabel", "a long label: the item widens to fit it", "set idTextContent=R1=4.7kohm_+-5%"},
+    {713, "longlabel", "a long label: the item widens to fit it", "set idTextContent=C=2200uF/25V"},
 };
 
 int fail(const QString &text)
