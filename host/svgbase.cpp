@@ -222,6 +222,9 @@ bool CSVGBase::loadSVG(bool)
     m_templateFill.clear();
     m_templateStroke.clear();
     clearPropItems();
+    // Content classes without a loader of their own (the fixed symbols) get their template here.
+    if (!m_pDocument)
+        m_pDocument = QSvgTinyDocument::load(getSVG().toUtf8());
     if (!m_pDocument)
         return false;
     for (int i = 1;; ++i) {

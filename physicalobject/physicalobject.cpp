@@ -10,10 +10,19 @@
 // optics
 
 // circuit symbols
+#include "circuit/ACMotorImage.h"
+#include "circuit/AmmeterImage.h"
 #include "circuit/BatteryImage.h"
 #include "circuit/BatteryPackImage.h"
 #include "circuit/CapacitanceImage.h"
+#include "circuit/DCMotorImage.h"
+#include "circuit/EarthWireImage.h"
+#include "circuit/LampImage.h"
+#include "circuit/LensConcaveImage.h"
+#include "circuit/LensRaisedImage.h"
 #include "circuit/ResistanceImage.h"
+#include "circuit/SpeakerImage.h"
+#include "circuit/VoltmeterImage.h"
 
 #include <svgbase.h>
 #include <QtMath>
@@ -47,10 +56,19 @@ const Entry kTypes[] = {
     // optics
 
     // circuit symbols
+    {{602, "CLensRaisedImage", "Convex lens symbol"}, &make<CLensRaisedImage>},
+    {{605, "CLensConcaveImage", "Concave lens symbol"}, &make<CLensConcaveImage>},
     {{700, "CBatteryImage", "Cell symbol"}, &make<CBatteryImage>},
     {{701, "CBatteryPackImage", "Battery symbol"}, &make<CBatteryPackImage>},
+    {{704, "CLampImage", "Lamp symbol"}, &make<CLampImage>},
+    {{706, "CDCMotorImage", "DC motor symbol"}, &make<CDCMotorImage>},
+    {{707, "CACMotorImage", "AC motor symbol"}, &make<CACMotorImage>},
+    {{708, "CAmmeterImage", "Ammeter symbol"}, &make<CAmmeterImage>},
+    {{709, "CVoltmeterImage", "Voltmeter symbol"}, &make<CVoltmeterImage>},
     {{710, "CResistanceImage", "Resistor symbol"}, &make<CResistanceImage>},
+    {{712, "CEarthWireImage", "Earth symbol"}, &make<CEarthWireImage>},
     {{713, "CCapacitanceImage", "Capacitor symbol"}, &make<CCapacitanceImage>},
+    {{714, "CSpeakerImage", "Speaker symbol"}, &make<CSpeakerImage>},
 };
 
 const Entry *findType(int typeId)

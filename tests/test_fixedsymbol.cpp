@@ -1,0 +1,126 @@
+// Fixed circuit and ray-diagram symbols: size, leads, colour names, and that nothing the
+// host does to the object changes the drawing.
+#include "helpers.h"
+
+namespace {
+
+struct Fixed {
+    int type;
+    QSizeF size;
+    double leadY;          // the centre line the leads lie on; NaN where there are no side leads
+    const char *colorName; // panel name of attribute 5002
+};
+
+const double kNoLeads = std::nan("");
+
+const Fixed kFixed[] = {
+    {602, {15, 112}, kNoLeads, "IDS_SVG_PHYSICAL_COLOR"},
+    {605, {15, 112}, kNoLeads, "IDS_SVG_PHYSICAL_COLOR"},
+    {704, {78, 32}, 15.981, "IDS_SVG_PHYSICAL_WIRE_COLOR"},
+    {706, {43, 30}, 15.5, "IDS_SVG_PHYSICAL_COLOR"},
+    {707, {43, 31}, 15.5, "IDS_SVG_PHYSICAL_COLOR"},
+    {708, {45, 31}, 15.5, "IDS_SVG_PHYSICAL_COLOR"},
+    {709, {45, 31}, 15.5, "IDS_SVG_PHYSICAL_COLOR"},
+    {712, {20, 28}, kNoLeads, "IDS_SVG_PHYSICAL_WIRE_COLOR"},
+    {714, {23, 40}, kNoLeads, "IDS_SVG_PHYSICAL_COLOR"},
+};
+
+template <typename F>
+void eachNode(QSvgNode *n, F f)
+{
+    f(n);
+    for (const auto &c : n->children())
+        eachNode(c.get(), f);
+}
+
+struct FixedSymbol : ::testing::TestWithParam<Fixed> {
+    const Fixed &s() const { return GetParam(); }
+};
+
+} // namespace
+
+TEST_P(FixedSymbol, DrawsItsTemplateAtItsSize)
+{
+    ObjPtr o = makeObject(s().type, true);
+    ASSERT_TRUE(o->content());
+    CSVGBase *c = o->content();
+    EXPECT_EQ(c->getSVGType(), s().type);
+    EXPECT_EQ(c->document()->viewBox(), QRectF(QPointF(0, 0), s().size));
+    EXPECT_EQ(c->document()->size(), s().size);
+    EXPECT_EQ(o->itemSize(), s().size);
+    EXPECT_TRUE(c->controlNodes().isEmpty());
+    EXPECT_TRUE(settingsOf(c).isEmpty());
+
+    int shapes = 0;
+    eachNode(c->document(), [&](QSvgNode *n) {
+        if (n == c->document())
+            return;
+        ++shapes;
+        EXPECT_TRUE(n->nodeId().isEmpty()) << n->tagName().toStdString();
+        EXPECT_EQ(n->attribute("vector-effect"), "none") << n->tagName().toStdString();
+        const QRectF inside = QRectF(QPointF(0, 0), s().size).adjusted(-1, -1, 1, 1);
+        EXPECT_TRUE(inside.contains(n->rect().topLeft()) && inside.contains(n->rect().bottomRight()));
+    });
+    EXPECT_GE(shapes, 3);
+}
+
+TEST_P(FixedSymbol, LeadsLieOnTheCentreLine)
+{
+    if (std::isnan(s().leadY))
+        GTEST_SKIP() << "no side leads";
+    ObjPtr o = makeObject(s().type);
+    int leads = 0;
+    eachNode(o->content()->document(), [&](QSvgNode *n) {
+        if (n->type() != QSvgNode::Line)
+            return;
+        const QRectF r = n->rect();
+        if (r.left() <= 0.5 || r.right() >= s().size.width() - 0.5) {
+            ++leads;
+            EXPECT_EQ(r.height(), 0);
+            EXPECT_NEAR(r.top(), s().leadY, 0.5);
+        }
+    });
+    EXPECT_EQ(leads, 2);
+}
+
+TEST_P(FixedSymbol, ColourNamesForThePanel)
+{
+    ObjPtr o = makeObject(s().type);
+    CSVGBase *c = o->content();
+    EXPECT_EQ(c->getPropName(5002), s().colorName);
+    const bool lamp = s().type == 704;
+    EXPECT_EQ(c->getPropName(5005), lamp ? "IDS_SVG_PHYSICAL_LIGHTCOLOR" : "");
+    EXPECT_EQ(c->getPropName(5100), "");
+    EXPECT_EQ(c->propItems().size(), lamp ? 2u : 1u);
+    ASSERT_TRUE(c->propItemByAttribute(5002));
+    EXPECT_EQ(c->propItemByAttribute(5002)->name(), s().colorName);
+}
+
+TEST_P(FixedSymbol, MovingScalingAndSavingLeaveTheDrawingAlone)
+{
+    ObjPtr a = makeObject(s().type, true), b = makeObject(s().type, true);
+    const QString drawn = svgText(a->content());
+    EXPECT_EQ(svgText(b->content()), drawn);
+    a->setPos(120, -40);
+    a->setSize2(QSizeF(s().size.width() * 3, s().size.height() * 0.5), true);
+    EXPECT_EQ(svgText(a->content()), drawn);
+
+    QDataStream::Status st;
+    ObjPtr back = loadBytes(s().type, saveBytes(a->content()), &st);
+    EXPECT_EQ(st, QDataStream::Ok);
+    EXPECT_EQ(back->itemSize(), a->itemSize());
+    EXPECT_EQ(svgText(back->content()), drawn);
+
+    QJsonObject json;
+    a->content()->saveJson(json);
+    ObjPtr fromJson = makeObject(s().type);
+    fromJson->content()->loadJson(json);
+    EXPECT_EQ(fromJson->itemSize(), a->itemSize());
+
+    ObjPtr bad = loadBytes(s().type, QByteArray("\x00\x01", 2), &st);
+    EXPECT_NE(st, QDataStream::Ok);
+    EXPECT_EQ(svgText(bad->content()), drawn);
+}
+
+INSTANTIATE_TEST_SUITE_P(Circuit, FixedSymbol, ::testing::ValuesIn(kFixed),
+                         [](const ::testing::TestParamInfo<Fixed> &i) { return std::to_string(i.param.type); });
