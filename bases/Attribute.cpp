@@ -40,7 +40,10 @@ bool CAttribute::load(QDataStream &in)
         in >> a.propId >> a.dataType >> a.name >> a.color >> a.boolValue >> a.intValue;
         m_attributes.insert(it.key(), a);
     }
-    const bool r = CSVGBase::load(in);
+    const bool r = in.status() == QDataStream::Ok && CSVGBase::load(in);
+    // A stream that fails leaves the table as it was, like the host's part of the object.
+    if (!r)
+        m_attributes = defaults;
     UpdateColor(false);
     UpdateCheckBox(false);
     UpdateCombobox(false);

@@ -14,6 +14,7 @@
 #include "circuit/AmmeterImage.h"
 #include "circuit/BatteryImage.h"
 #include "circuit/BatteryPackImage.h"
+#include "circuit/BilateralSwitchImage.h"
 #include "circuit/CapacitanceImage.h"
 #include "circuit/DCMotorImage.h"
 #include "circuit/EarthWireImage.h"
@@ -21,7 +22,9 @@
 #include "circuit/LensConcaveImage.h"
 #include "circuit/LensRaisedImage.h"
 #include "circuit/ResistanceImage.h"
+#include "circuit/RingImage.h"
 #include "circuit/SpeakerImage.h"
+#include "circuit/SwitchImage.h"
 #include "circuit/VoltmeterImage.h"
 
 #include <svgbase.h>
@@ -60,7 +63,10 @@ const Entry kTypes[] = {
     {{605, "CLensConcaveImage", "Concave lens symbol"}, &make<CLensConcaveImage>},
     {{700, "CBatteryImage", "Cell symbol"}, &make<CBatteryImage>},
     {{701, "CBatteryPackImage", "Battery symbol"}, &make<CBatteryPackImage>},
+    {{702, "CBilateralSwitchImage", "Two-way switch symbol"}, &make<CBilateralSwitchImage>},
+    {{703, "CSwitchImage", "Switch symbol"}, &make<CSwitchImage>},
     {{704, "CLampImage", "Lamp symbol"}, &make<CLampImage>},
+    {{705, "CRingImage", "Bell symbol"}, &make<CRingImage>},
     {{706, "CDCMotorImage", "DC motor symbol"}, &make<CDCMotorImage>},
     {{707, "CACMotorImage", "AC motor symbol"}, &make<CACMotorImage>},
     {{708, "CAmmeterImage", "Ammeter symbol"}, &make<CAmmeterImage>},

@@ -44,6 +44,10 @@ const Scene kScenes[] = {
 
     // circuit symbols
     {700, "longlabel", "a long label: the item widens to fit it", "set idTextContent=E=1.5V,internal_r=0.5ohm idTextColor=#c00000"},
+    {702, "open", "state 0: the blade touches neither contact", "set idSwitchState=0"},
+    {702, "closeddown", "state 2: the blade closed to the lower contact (the default is closed up)", "set idSwitchState=2"},
+    {703, "closed", "switched on: the blade lies on the contact (the default is open)", "set idSwitchIsConnected=true"},
+    {705, "ringing", "ringing: the marks above the bell (the default is silent)", "set idBellIsRinging=true"},
     {701, "longlabel", "a long label: the item widens to fit it", "set idTextContent=U=3.0V_(two_cells)"},
     {710, "longlabel", "a long label: the item widens to fit it", "set idTextContent=R1=4.7kohm_+-5%"},
     {713, "longlabel", "a long label: the item widens to fit it", "set idTextContent=C=2200uF/25V"},
