@@ -4,6 +4,7 @@
 #include <QFont>
 #include <QFontMetrics>
 #include <bases/ImageTextBasic.h>
+#include <tuple>
 #include <svgbaseundocmd.h>
 
 namespace {
@@ -124,15 +125,14 @@ TEST_P(LabelledSymbol, PanelOffersTextAndColour)
     EXPECT_EQ(color.value("label").toString(), "IDS_LABEL_TEXT_COLOR");
     EXPECT_EQ(color.value("value").toString(), "#2e3192");
 
+    // Undo and playback find the attributes through these items.
     const CSVGPropItem *c = o->content()->propItemByAttribute(5101);
     const CSVGPropItem *t = o->content()->propItemByAttribute(5100);
     ASSERT_TRUE(c && t);
-    EXPECT_EQ(c->name(), "IDS_SVG_PHYSICAL_TEXT_COLOR");
-    EXPECT_EQ(c->propId(), 1102);
-    EXPECT_EQ(c->dataType(), DATA_TYPE_COLOR);
-    EXPECT_EQ(t->name(), "IDS_SVG_PHYSICAL_WRITING");
-    EXPECT_EQ(t->propId(), 1101);
-    EXPECT_EQ(t->dataType(), DATA_TYPE_STRING);
+    EXPECT_EQ(std::make_tuple(c->name(), c->propId(), c->dataType()),
+              std::make_tuple(QString("IDS_SVG_PHYSICAL_TEXT_COLOR"), 1102, DATA_TYPE_COLOR));
+    EXPECT_EQ(std::make_tuple(t->name(), t->propId(), t->dataType()),
+              std::make_tuple(QString("IDS_SVG_PHYSICAL_WRITING"), 1101, DATA_TYPE_STRING));
     EXPECT_EQ(o->content()->getPropName(5002), "IDS_SVG_PHYSICAL_WIRE_COLOR");
     EXPECT_FALSE(o->content()->updateSVG(nullptr, QPointF(3, 3), true));
 }
