@@ -114,7 +114,7 @@ QPointF BoardView::scaleKnob() const
 
 bool BoardView::nearKnob(const QPointF &knob, const QPoint &viewPos) const
 {
-    if (knob.isNull() && !m_selected)
+    if (!m_selected || m_selected->scene() != m_page)
         return false;
     const QPointF d = QPointF(viewPos) - knob;
     return std::hypot(d.x(), d.y()) <= minHitPixels() / 2;
@@ -188,22 +188,34 @@ void BoardView::mousePressEvent(QMouseEvent *event)
     const QPoint pos = event->pos();
     m_pressScene = mapToScene(pos);
     m_mode = Mode::None;
+    const HandleHit h = hitHandle(pos);
+    double handleDistance = 1e300;
+    if (h.obj) {
+        const QPointF d = handleDrawnRect(h.obj, h.index).center() - QPointF(pos);
+        handleDistance = std::hypot(d.x(), d.y());
+    }
+    // A knob wins over a handle only when the press is nearer to it.
+    auto knobWins = [&](const QPointF &knob) {
+        if (!nearKnob(knob, pos))
+            return false;
+        const QPointF d = knob - QPointF(pos);
+        return std::hypot(d.x(), d.y()) < handleDistance;
+    };
     if (m_selected && m_selected->scene() == m_page) {
         m_startPlacement = ItemPlacement::of(m_selected);
         m_centerScene = m_selected->mapToScene(m_selected->boundingRect().center());
-        if (nearKnob(rotateKnob(), pos)) {
+        if (knobWins(rotateKnob())) {
             m_mode = Mode::Rotate;
             m_pressAngle = angleOf(m_pressScene - m_centerScene);
             return;
         }
-        if (nearKnob(scaleKnob(), pos)) {
+        if (knobWins(scaleKnob())) {
             const QPointF d = m_pressScene - m_selected->pos();
             m_pressDistance = std::max(1e-6, std::hypot(d.x(), d.y()));
             m_mode = Mode::Scale;
             return;
         }
     }
-    const HandleHit h = hitHandle(pos);
     if (h.obj) {
         select(h.obj);
         selectHandle(h.index);

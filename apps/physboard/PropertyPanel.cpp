@@ -151,8 +151,11 @@ void PropertyPanel::rebuild()
         m_editors.insert(id, w);
         m_labels.insert(id, label);
     }
-    if (m_editors.isEmpty())
-        m_form->addRow(new QLabel(Strings::text(QStringLiteral("BOARD_NO_PROPERTIES")), this));
+    if (m_editors.isEmpty()) {
+        auto *none = new QLabel(Strings::text(QStringLiteral("BOARD_NO_PROPERTIES")), this);
+        none->setWordWrap(true);
+        m_form->addRow(none);
+    }
 }
 
 QWidget *PropertyPanel::makeEditor(const QJsonObject &item)
