@@ -340,8 +340,14 @@ void BoardView::keyPressEvent(QKeyEvent *event)
     const QPointF step = dir * ((event->modifiers() & Qt::ShiftModifier) ? 10.0 : 1.0);
     CSVGBase *c = m_selected->content();
     if (m_handle >= 0 && c && m_handle < c->controlNodes().size()) {
-        // One unit of the drawing; each nudge is its own undo step.
-        c->moveControlPoint(c->controlNodes().at(m_handle), step, true);
+        // One unit of the drawing in the direction of the key as seen on screen;
+        // each nudge is its own undo step.
+        QTransform unturn;
+        unturn.rotate(-m_selected->rotation());
+        QPointF d = unturn.map(step);
+        auto snap = [](double v) { return std::fabs(v - std::round(v)) < 1e-9 ? std::round(v) : v; };
+        d = QPointF(snap(d.x()), snap(d.y()));
+        c->moveControlPoint(c->controlNodes().at(m_handle), d, true);
         m_selected->update();
         emit handleMoved(m_selected, true);
     } else {

@@ -403,29 +403,37 @@ void BoardWindow::fillDemoPage()
     struct Spot {
         int type;
         QPointF at;
+        double rotation;
         const char *setting;
     };
     const Spot spots[] = {
-        {109, {360, 90}, "idPosValue=55"},
-        {107, {140, 330}, nullptr},
-        {202, {430, 330}, nullptr},
-        {501, {600, 330}, nullptr},
-        {102, {820, 360}, nullptr},
+        {109, {230, 80}, 0, "idPosValue=30"},
+        {107, {150, 300}, -25, nullptr},
+        {202, {340, 330}, 0, nullptr},
+        {501, {470, 300}, 0, "idPosValue=60"},
+        {102, {610, 330}, 0, nullptr},
     };
+    CWBPhysicalObject *last = nullptr;
     for (const Spot &s : spots) {
         CWBPhysicalObject *obj = BoardPage::create(s.type, true);
         if (!obj)
             continue;
-        obj->setPos(s.at - obj->boundingRect().center());
-        obj->setZValue(m_page->topZ() + 1);
         if (s.setting) {
             const QStringList kv = QString::fromLatin1(s.setting).split(QLatin1Char('='));
             QMap<QString, QString> values{{kv[0], kv[1]}};
             obj->content()->SetSettingArray(values, false, false);
         }
+        obj->setRotation(s.rotation);
+        QTransform t;
+        t.rotate(s.rotation);
+        obj->setPos(s.at - t.map(obj->boundingRect().center()));
+        obj->setZValue(m_page->topZ() + 1);
         m_page->insertObject(obj);
+        if (s.type == 202)
+            last = obj;
     }
     undoStack()->clear();
     undoStack()->setClean();
+    m_view->select(last);
     updateTitle();
 }

@@ -361,6 +361,11 @@ private slots:
         QTest::keyClick(vp(), Qt::Key_Up, Qt::ShiftModifier); // locked axis
         QCOMPARE(h->rect().y(), y0);
         QCOMPARE(stack()->count(), steps0 + 2);
+        // Turned a quarter, "down" on screen runs along the ruler.
+        ruler->setRotation(-90);
+        QTest::keyClick(vp(), Qt::Key_Up);
+        QCOMPARE(h->rect().x(), x0 + 12);
+        ruler->setRotation(0);
 
         QTest::keyClick(vp(), Qt::Key_Escape);
         QCOMPARE(w->view()->selectedHandle(), -1);
