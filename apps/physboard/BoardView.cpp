@@ -6,6 +6,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QWheelEvent>
 #include <QtMath>
 #include <cmath>
 #include <framework.h>
@@ -39,7 +40,7 @@ BoardView::BoardView(BoardPage *page, QWidget *parent) : QGraphicsView(page, par
     setRenderHint(QPainter::Antialiasing);
     setAcceptDrops(true);
     setFocusPolicy(Qt::StrongFocus);
-    setMouseTracking(false);
+    setMouseTracking(true);
     setViewportUpdateMode(QGraphicsView::FullViewportUpdate);
     setSceneRect(0, 0, 1600, 1000);
     setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -248,9 +249,39 @@ void BoardView::dragHandleTo(const QPoint &viewPos, bool final)
     emit handleMoved(m_selected, final);
 }
 
+void BoardView::setZoom(double zoom)
+{
+    zoom = qBound(0.25, zoom, 4.0);
+    setTransform(QTransform::fromScale(zoom, zoom));
+}
+
+void BoardView::wheelEvent(QWheelEvent *event)
+{
+    if (!(event->modifiers() & Qt::ControlModifier)) {
+        QGraphicsView::wheelEvent(event);
+        return;
+    }
+    setZoom(zoom() * std::pow(1.15, event->angleDelta().y() / 120.0));
+    event->accept();
+}
+
+void BoardView::updateCursor(const QPoint &pos)
+{
+    Qt::CursorShape shape = Qt::ArrowCursor;
+    if (nearKnob(rotateKnob(), pos) || nearKnob(scaleKnob(), pos))
+        shape = Qt::CrossCursor;
+    else if (hitHandle(pos).obj)
+        shape = Qt::PointingHandCursor;
+    else if (objectAt(pos))
+        shape = Qt::SizeAllCursor;
+    viewport()->setCursor(shape);
+}
+
 void BoardView::mouseMoveEvent(QMouseEvent *event)
 {
     if (!m_selected || m_mode == Mode::None) {
+        if (!(event->buttons() & Qt::LeftButton))
+            updateCursor(event->pos());
         QGraphicsView::mouseMoveEvent(event);
         return;
     }

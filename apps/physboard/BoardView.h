@@ -25,6 +25,9 @@ public:
     // The handle the arrow keys move: an index into the content's control nodes, or -1.
     int selectedHandle() const { return m_handle; }
     void selectHandle(int index);
+    // Zoom of the page on screen, 0.25 to 4.
+    double zoom() const { return transform().m11(); }
+    void setZoom(double zoom);
 
     // Side of the smallest touch target in viewport pixels, from the screen's DPI.
     double minHitPixels() const;
@@ -46,6 +49,7 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
     void drawForeground(QPainter *painter, const QRectF &rect) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dragMoveEvent(QDragMoveEvent *event) override;
@@ -64,6 +68,7 @@ private:
     void dragHandleTo(const QPoint &viewPos, bool final);
     void finishTransform(const QString &key);
     QPolygonF selectionOutline() const;  // viewport pixels
+    void updateCursor(const QPoint &viewPos);
 
     BoardPage *m_page;
     CWBPhysicalObject *m_selected = nullptr;

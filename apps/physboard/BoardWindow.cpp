@@ -67,6 +67,8 @@ BoardWindow::BoardWindow(QWidget *parent) : QMainWindow(parent)
     });
 
     buildMenus();
+    m_capture->setEnabled(false);
+    m_restore->setEnabled(false);
     connect(undoStack(), &QUndoStack::indexChanged, this, &BoardWindow::afterUndoRedo);
     connect(undoStack(), &QUndoStack::cleanChanged, this, &BoardWindow::updateTitle);
     connect(undoStack(), &QUndoStack::canUndoChanged, m_undo, &QAction::setEnabled);
@@ -132,6 +134,10 @@ void BoardWindow::buildMenus()
         undoStack()->push(new PlaceObjectCmd(obj, from, to, T("BOARD_CMD_SCALE").arg(Strings::typeName(obj->typeId()))));
     });
 
+    m_editMenu->addSeparator();
+    m_capture = m_editMenu->addAction(QString(), this, &BoardWindow::captureSelected);
+    m_restore = m_editMenu->addAction(QString(), this, &BoardWindow::restoreSelected);
+
     m_langMenu = menuBar()->addMenu(QString());
     auto *group = new QActionGroup(this);
     m_english = m_langMenu->addAction(QString(), this, [this]() { setLanguage(Strings::English); });
@@ -160,6 +166,8 @@ void BoardWindow::retranslate()
     m_redo->setText(T("BOARD_REDO"));
     m_delete->setText(T("BOARD_DELETE"));
     m_resetTransform->setText(T("BOARD_RESET_TRANSFORM"));
+    m_capture->setText(T("BOARD_CAPTURE"));
+    m_restore->setText(T("BOARD_RESTORE"));
     m_english->setText(T("BOARD_ENGLISH"));
     m_chinese->setText(T("BOARD_CHINESE"));
     m_toolDock->setWindowTitle(T("BOARD_TOOLBOX"));
@@ -188,6 +196,41 @@ void BoardWindow::updateTitle()
 void BoardWindow::onSelectionChanged(CWBPhysicalObject *obj)
 {
     m_panel->setObject(obj);
+    m_capture->setEnabled(obj);
+    m_restore->setEnabled(obj && obj->content() && m_captured.contains(obj->content()->serial()));
+}
+
+bool BoardWindow::captureSelected()
+{
+    CWBPhysicalObject *obj = m_view->selected();
+    if (!obj || !obj->content())
+        return false;
+    QByteArray none;
+    QDataStream in(&none, QIODevice::ReadOnly);
+    obj->content()->SetAttribute(CSVGBase::ATTR_CAPTURE, in, false, false);
+    m_captured.insert(obj->content()->serial());
+    m_restore->setEnabled(true);
+    return true;
+}
+
+bool BoardWindow::restoreSelected()
+{
+    CWBPhysicalObject *obj = m_view->selected();
+    if (!obj || !obj->content() || !m_captured.contains(obj->content()->serial()))
+        return false;
+    const QByteArray before = ObjectStateCmd::stateOf(obj);
+    QByteArray none;
+    QDataStream in(&none, QIODevice::ReadOnly);
+    obj->content()->SetAttribute(CSVGBase::ATTR_RESTORE, in, false, false);
+    const QByteArray after = ObjectStateCmd::stateOf(obj);
+    if (after != before) {
+        auto *cmd = new ObjectStateCmd(obj, before, after);
+        cmd->setText(T("BOARD_RESTORE"));
+        undoStack()->push(cmd);
+    }
+    obj->update();
+    m_panel->refreshValues();
+    return true;
 }
 
 void BoardWindow::afterUndoRedo()

@@ -1,6 +1,7 @@
 #pragma once
 // The board's main window: toolbox, page, property panel, menus and files.
 #include <QMainWindow>
+#include <QSet>
 
 class BoardPage;
 class BoardView;
@@ -39,6 +40,9 @@ public:
     bool exportPage(const QString &path);
     bool exportSelected(const QString &path);
     void newPage();
+    // The apparatus's own capture and re-application of its state; a restore is one undo step.
+    bool captureSelected();
+    bool restoreSelected();
     QString lastError() const { return m_lastError; }
     QString currentFile() const { return m_file; }
 
@@ -67,6 +71,8 @@ private:
     QMenu *m_fileMenu = nullptr, *m_editMenu = nullptr, *m_langMenu = nullptr;
     QAction *m_new, *m_open, *m_save, *m_saveAs, *m_exportPage, *m_exportItem, *m_quit;
     QAction *m_undo, *m_redo, *m_delete, *m_front, *m_resetTransform, *m_english, *m_chinese;
+    QAction *m_capture, *m_restore;
+    QSet<quint64> m_captured; // content serials that hold a captured state
     QString m_file;
     QString m_lastError;
     int m_observer = 0;

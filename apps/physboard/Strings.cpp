@@ -97,6 +97,8 @@ const Row kRows[] = {
     {"BOARD_REDO", "&Redo", "重做(&R)"},
     {"BOARD_DELETE", "&Delete", "删除(&D)"},
     {"BOARD_BRING_FRONT", "Bring to &front", "置于顶层"},
+    {"BOARD_CAPTURE", "Remember this state", "记住当前状态"},
+    {"BOARD_RESTORE", "Return to the remembered state", "恢复记住的状态"},
     {"BOARD_RESET_TRANSFORM", "Reset rotation and scale", "重置旋转和缩放"},
     {"BOARD_ENGLISH", "English", "English"},
     {"BOARD_CHINESE", "简体中文", "简体中文"},

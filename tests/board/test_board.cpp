@@ -333,6 +333,13 @@ private slots:
             QVERIFY(hit.width() >= side && hit.height() >= side);
         }
         ruler->setScale(1);
+        // Zoomed, the touch area is 8 mm or the drawn handle, whichever is bigger.
+        for (double zoom : {0.5, 3.0, 4.0}) {
+            w->view()->setZoom(zoom);
+            const double drawn = w->view()->handleDrawnRect(ruler, 0).width();
+            QVERIFY(std::fabs(w->view()->handleHitRect(ruler, 0).width() - std::max(drawn, side)) < 1e-6);
+        }
+        w->view()->setZoom(1);
         QSvgNode *h = ruler->content()->controlNodes().at(0);
         const double x0 = h->rect().x();
         // Outside the drawn handle, inside 8 mm of it.
@@ -501,6 +508,26 @@ private slots:
         stack()->undo();
         QCOMPARE(probe->probe->count, 4);
         QCOMPARE(qobject_cast<QSpinBox *>(p->editor(QStringLiteral("idCount")))->value(), 4);
+    }
+
+    void rememberedStateComesBackAsOneStep()
+    {
+        CWBPhysicalObject *ruler = w->place(109, QPointF(300, 150));
+        QVERIFY(w->captureSelected());
+        const QString remembered = docOf(ruler);
+        qobject_cast<ColorButton *>(w->panel()->editor(QStringLiteral("idScaleColor")))->setColor(Qt::green, true);
+        qobject_cast<QSpinBox *>(w->panel()->editor(QStringLiteral("idPosValue")))->setValue(80);
+        const QString changed = docOf(ruler);
+        const int steps = stack()->count();
+        QVERIFY(w->restoreSelected());
+        QVERIFY(sameDocument(docOf(ruler), remembered));
+        QCOMPARE(qobject_cast<QSpinBox *>(w->panel()->editor(QStringLiteral("idPosValue")))->value(), 14);
+        QCOMPARE(stack()->count(), steps + 1);
+        stack()->undo();
+        QVERIFY(sameDocument(docOf(ruler), changed));
+        // Nothing remembered for another apparatus: nothing to return to.
+        w->place(202, QPointF(500, 300));
+        QVERIFY(!w->restoreSelected());
     }
 
     void saveAndReopenGivesThePageBack()
