@@ -3,6 +3,7 @@
 #include "Commands.h"
 #include "Page.h"
 #include "PropertyPanel.h"
+#include "Recorder.h"
 #include "Strings.h"
 #include "Toolbox.h"
 #include <QAction>
@@ -40,6 +41,7 @@ BoardWindow::BoardWindow(QWidget *parent) : QMainWindow(parent)
     m_toolDock->setFeatures(QDockWidget::DockWidgetMovable);
     addDockWidget(Qt::LeftDockWidgetArea, m_toolDock);
 
+    m_recorder = new Recorder(m_page, this);
     m_panel = new PropertyPanel(this);
     auto *scroll = new QScrollArea(this);
     scroll->setWidget(m_panel);
@@ -69,6 +71,15 @@ BoardWindow::BoardWindow(QWidget *parent) : QMainWindow(parent)
     buildMenus();
     m_capture->setEnabled(false);
     m_restore->setEnabled(false);
+    connect(m_recorder, &Recorder::progress, this, [this](int done, int total) {
+        statusBar()->showMessage(T("BOARD_PLAYING").arg(done).arg(total));
+    });
+    connect(m_recorder, &Recorder::finished, this, [this]() {
+        m_view->setEnabled(true);
+        m_panel->setEnabled(true);
+        updatePlaybackActions();
+    });
+    updatePlaybackActions();
     connect(undoStack(), &QUndoStack::indexChanged, this, &BoardWindow::afterUndoRedo);
     connect(undoStack(), &QUndoStack::cleanChanged, this, &BoardWindow::updateTitle);
     connect(undoStack(), &QUndoStack::canUndoChanged, m_undo, &QAction::setEnabled);
@@ -138,6 +149,14 @@ void BoardWindow::buildMenus()
     m_capture = m_editMenu->addAction(QString(), this, &BoardWindow::captureSelected);
     m_restore = m_editMenu->addAction(QString(), this, &BoardWindow::restoreSelected);
 
+    m_playMenu = menuBar()->addMenu(QString());
+    m_record = m_playMenu->addAction(QString(), this, &BoardWindow::startRecording);
+    m_stopRecord = m_playMenu->addAction(QString(), this, &BoardWindow::stopRecording);
+    m_play = m_playMenu->addAction(QString(), this, [this]() {
+        if (confirmDiscard())
+            playBack(600);
+    });
+
     m_langMenu = menuBar()->addMenu(QString());
     auto *group = new QActionGroup(this);
     m_english = m_langMenu->addAction(QString(), this, [this]() { setLanguage(Strings::English); });
@@ -155,6 +174,10 @@ void BoardWindow::retranslate()
     m_fileMenu->setTitle(T("BOARD_MENU_FILE"));
     m_editMenu->setTitle(T("BOARD_MENU_EDIT"));
     m_langMenu->setTitle(T("BOARD_MENU_LANGUAGE"));
+    m_playMenu->setTitle(T("BOARD_MENU_PLAYBACK"));
+    m_record->setText(T("BOARD_RECORD"));
+    m_stopRecord->setText(T("BOARD_STOP_RECORD"));
+    m_play->setText(T("BOARD_PLAY"));
     m_new->setText(T("BOARD_NEW"));
     m_open->setText(T("BOARD_OPEN"));
     m_save->setText(T("BOARD_SAVE"));
@@ -233,8 +256,49 @@ bool BoardWindow::restoreSelected()
     return true;
 }
 
+void BoardWindow::updatePlaybackActions()
+{
+    m_record->setEnabled(!m_recorder->isRecording() && !m_recorder->isPlaying());
+    m_stopRecord->setEnabled(m_recorder->isRecording());
+    m_play->setEnabled(m_recorder->hasRecording() && !m_recorder->isPlaying());
+}
+
+void BoardWindow::startRecording()
+{
+    m_recorder->start();
+    statusBar()->showMessage(T("BOARD_RECORDING"));
+    updatePlaybackActions();
+}
+
+void BoardWindow::stopRecording()
+{
+    m_recorder->stop();
+    statusBar()->clearMessage();
+    updatePlaybackActions();
+}
+
+bool BoardWindow::playBack(int intervalMs)
+{
+    if (!m_recorder->hasRecording() || m_recorder->isPlaying())
+        return false;
+    // The replay starts from the recorded page: nothing of the present one stays to undo.
+    m_view->select(nullptr);
+    undoStack()->clear();
+    m_view->setEnabled(false);
+    m_panel->setEnabled(false);
+    const bool ok = m_recorder->play(intervalMs);
+    if (!ok) {
+        m_view->setEnabled(true);
+        m_panel->setEnabled(true);
+    }
+    undoStack()->setClean();
+    updatePlaybackActions();
+    return ok;
+}
+
 void BoardWindow::afterUndoRedo()
 {
+    m_recorder->noteChange();
     CWBPhysicalObject *sel = m_view->selected();
     if (sel && sel->scene() != m_page)
         m_view->select(nullptr);
@@ -314,6 +378,9 @@ void BoardWindow::fail(const QString &message)
 
 void BoardWindow::newPage()
 {
+    m_recorder->cancel();
+    m_recorder->stop();
+    updatePlaybackActions();
     m_view->select(nullptr);
     undoStack()->clear();
     m_page->clearPage();
@@ -346,6 +413,9 @@ bool BoardWindow::openPage(const QString &path)
         fail(err);
         return false;
     }
+    m_recorder->cancel();
+    m_recorder->stop();
+    updatePlaybackActions();
     m_view->select(nullptr);
     undoStack()->clear();
     m_page->replaceWith(loaded);

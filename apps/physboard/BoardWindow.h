@@ -7,6 +7,7 @@ class BoardPage;
 class BoardView;
 class CWBPhysicalObject;
 class PropertyPanel;
+class Recorder;
 class Toolbox;
 class QAction;
 class QMenu;
@@ -46,6 +47,12 @@ public:
     QString lastError() const { return m_lastError; }
     QString currentFile() const { return m_file; }
 
+    Recorder *recorder() const { return m_recorder; }
+    void startRecording();
+    void stopRecording();
+    // Replays the recording on the page (which it replaces); 0 ms replays at once.
+    bool playBack(int intervalMs);
+
     void setLanguage(int language);
     // A page with several apparatus, for a first look and the README picture.
     void fillDemoPage();
@@ -72,6 +79,10 @@ private:
     QAction *m_new, *m_open, *m_save, *m_saveAs, *m_exportPage, *m_exportItem, *m_quit;
     QAction *m_undo, *m_redo, *m_delete, *m_front, *m_resetTransform, *m_english, *m_chinese;
     QAction *m_capture, *m_restore;
+    QMenu *m_playMenu = nullptr;
+    QAction *m_record, *m_stopRecord, *m_play;
+    Recorder *m_recorder;
+    void updatePlaybackActions();
     QSet<quint64> m_captured; // content serials that hold a captured state
     QString m_file;
     QString m_lastError;

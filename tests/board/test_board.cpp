@@ -5,6 +5,7 @@
 #include "Commands.h"
 #include "Page.h"
 #include "PropertyPanel.h"
+#include "Recorder.h"
 #include "Strings.h"
 #include "Toolbox.h"
 #include <QAbstractButton>
@@ -528,6 +529,59 @@ private slots:
         // Nothing remembered for another apparatus: nothing to return to.
         w->place(202, QPointF(500, 300));
         QVERIFY(!w->restoreSelected());
+    }
+
+    void aRecordingPlaysBackToTheSamePage()
+    {
+        CWBPhysicalObject *ruler = w->place(109, QPointF(300, 120));
+        CWBPhysicalObject *spring = w->place(202, QPointF(300, 400));
+        const QString rulerAtStart = docOf(ruler);
+        w->startRecording();
+        w->view()->select(ruler);
+        qobject_cast<ColorButton *>(w->panel()->editor(QStringLiteral("idScaleColor")))->setColor(Qt::red, true);
+        qobject_cast<QSpinBox *>(w->panel()->editor(QStringLiteral("idPosValue")))->setValue(40);
+        drag(vp(), handleCentre(spring, 0), handleCentre(spring, 0) + QPointF(0, 60));
+        qobject_cast<QComboBox *>(w->panel()->editor(QStringLiteral("idHookCount")))->setCurrentIndex(0);
+        drag(vp(), centreOf(spring), centreOf(spring) + QPointF(120, -30));
+        w->place(102, QPointF(650, 300));
+        w->place(107, QPointF(650, 500));
+        stack()->undo();
+        QTest::keyClick(vp(), Qt::Key_Right, Qt::ShiftModifier);
+        w->stopRecording();
+
+        struct Seen {
+            int type;
+            ItemPlacement at;
+            QString doc;
+        };
+        QVector<Seen> end;
+        for (CWBPhysicalObject *o : w->page()->objects())
+            end.append({o->typeId(), ItemPlacement::of(o), docOf(o)});
+        int records = 0;
+        for (const Recorder::Entry &e : w->recorder()->entries())
+            records += e.kind == Recorder::Entry::Record;
+        QVERIFY2(records >= 2, "property changes travel as the apparatus's own records");
+
+        // Step by step from the recorded start.
+        QVERIFY(w->playBack(60 * 60 * 1000));
+        QVERIFY(w->recorder()->isPlaying());
+        QCOMPARE(w->page()->objects().size(), 2);
+        QVERIFY(sameDocument(docOf(w->page()->objects().first()), rulerAtStart));
+        QVERIFY(!w->view()->isEnabled());
+        while (w->recorder()->step()) {
+        }
+        QVERIFY(w->view()->isEnabled());
+        const QList<CWBPhysicalObject *> after = w->page()->objects();
+        QCOMPARE(after.size(), end.size());
+        for (int i = 0; i < after.size(); ++i) {
+            QCOMPARE(after[i]->typeId(), end[i].type);
+            QVERIFY(ItemPlacement::of(after[i]) == end[i].at);
+            QVERIFY2(sameDocument(docOf(after[i]), end[i].doc), qPrintable(QString::number(end[i].type)));
+        }
+        // And at once, again.
+        QVERIFY(w->playBack(0));
+        QCOMPARE(w->page()->objects().size(), end.size());
+        QVERIFY(!w->recorder()->isPlaying());
     }
 
     void saveAndReopenGivesThePageBack()
