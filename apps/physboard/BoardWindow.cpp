@@ -8,10 +8,12 @@
 #include "Toolbox.h"
 #include <QAction>
 #include <QActionGroup>
+#include <QCloseEvent>
 #include <QApplication>
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <cmath>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QProgressDialog>
@@ -63,6 +65,7 @@ BoardWindow::BoardWindow(QWidget *parent) : QMainWindow(parent)
             m_panel->refreshValues();
     });
     connect(m_panel, &PropertyPanel::edited, this, &BoardWindow::applyEdit);
+    connect(m_panel, &PropertyPanel::placementEdited, this, &BoardWindow::applyPlacement);
     m_observer = GetFramework()->addObserver([this](int message, const QByteArray &json) {
         if (message == CFramework::MSG_SETTINGS_CHANGED)
             m_panel->applyMessage(json);
@@ -75,8 +78,7 @@ BoardWindow::BoardWindow(QWidget *parent) : QMainWindow(parent)
         statusBar()->showMessage(T("BOARD_PLAYING").arg(done).arg(total));
     });
     connect(m_recorder, &Recorder::finished, this, [this]() {
-        m_view->setEnabled(true);
-        m_panel->setEnabled(true);
+        setPlaying(false);
         updatePlaybackActions();
     });
     updatePlaybackActions();
@@ -131,7 +133,6 @@ void BoardWindow::buildMenus()
     m_redo->setShortcuts({QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), QKeySequence(Qt::CTRL + Qt::Key_Y)});
     m_editMenu->addSeparator();
     m_delete = m_editMenu->addAction(QString(), this, &BoardWindow::deleteSelected);
-    m_front = nullptr;
     m_resetTransform = m_editMenu->addAction(QString(), this, [this]() {
         CWBPhysicalObject *obj = m_view->selected();
         if (!obj)
@@ -196,7 +197,7 @@ void BoardWindow::retranslate()
     m_toolDock->setWindowTitle(T("BOARD_TOOLBOX"));
     m_panelDock->setWindowTitle(T("BOARD_PROPERTIES"));
     m_toolbox->retranslate();
-    m_panel->rebuild();
+    m_panel->retranslate();
     statusBar()->showMessage(T("BOARD_HINT"));
     updateTitle();
 }
@@ -263,6 +264,22 @@ void BoardWindow::updatePlaybackActions()
     m_play->setEnabled(m_recorder->hasRecording() && !m_recorder->isPlaying());
 }
 
+void BoardWindow::setPlaying(bool on)
+{
+    // A replay owns the page: nothing else may add, pick or edit meanwhile.
+    m_view->setEnabled(!on);
+    m_panel->setEnabled(!on);
+    m_toolbox->setEnabled(!on);
+}
+
+void BoardWindow::closeEvent(QCloseEvent *event)
+{
+    if (confirmDiscard())
+        event->accept();
+    else
+        event->ignore();
+}
+
 void BoardWindow::startRecording()
 {
     m_recorder->start();
@@ -284,13 +301,10 @@ bool BoardWindow::playBack(int intervalMs)
     // The replay starts from the recorded page: nothing of the present one stays to undo.
     m_view->select(nullptr);
     undoStack()->clear();
-    m_view->setEnabled(false);
-    m_panel->setEnabled(false);
+    setPlaying(true);
     const bool ok = m_recorder->play(intervalMs);
-    if (!ok) {
-        m_view->setEnabled(true);
-        m_panel->setEnabled(true);
-    }
+    if (!ok)
+        setPlaying(false);
     undoStack()->setClean();
     updatePlaybackActions();
     return ok;
@@ -310,6 +324,8 @@ void BoardWindow::afterUndoRedo()
 
 CWBPhysicalObject *BoardWindow::place(int typeId, const QPointF &scenePos)
 {
+    if (m_recorder->isPlaying())
+        return nullptr;
     CWBPhysicalObject *obj = BoardPage::create(typeId, true);
     if (!obj)
         return nullptr;
@@ -368,6 +384,44 @@ void BoardWindow::applyEdit(const QString &id, const QString &value)
         m_panel->rebuild();
     else
         m_panel->refreshValues();
+}
+
+void BoardWindow::applyPlacement(int field, double value)
+{
+    CWBPhysicalObject *obj = m_panel->object();
+    if (!obj || obj->scene() != m_page || !std::isfinite(value))
+        return;
+    const ItemPlacement from = ItemPlacement::of(obj);
+    ItemPlacement to = from;
+    const char *key = "BOARD_CMD_MOVE";
+    switch (field) {
+    case PropertyPanel::PlaceX: to.pos.setX(value); break;
+    case PropertyPanel::PlaceY: to.pos.setY(value); break;
+    case PropertyPanel::PlaceRotation:
+    case PropertyPanel::PlaceScale: {
+        // Turned and scaled about the centre, as with the knobs.
+        if (field == PropertyPanel::PlaceRotation) {
+            to.rotation = std::fmod(value, 360.0);
+            key = "BOARD_CMD_ROTATE";
+        } else {
+            to.scale = qBound(0.1, value / 100, 10.0);
+            key = "BOARD_CMD_SCALE";
+        }
+        const QPointF c = obj->boundingRect().center();
+        QTransform t;
+        t.rotate(to.rotation);
+        t.scale(to.scale, to.scale);
+        to.pos = obj->mapToScene(c) - t.map(c);
+        break;
+    }
+    default:
+        return;
+    }
+    if (to == from)
+        return;
+    to.applyTo(obj);
+    undoStack()->push(new PlaceObjectCmd(obj, from, to, T(key).arg(Strings::typeName(obj->typeId()))));
+    m_view->viewport()->update();
 }
 
 void BoardWindow::fail(const QString &message)

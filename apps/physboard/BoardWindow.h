@@ -34,6 +34,8 @@ public:
     void deleteSelected();
     // A panel edit of the selected apparatus, as one undo step.
     void applyEdit(const QString &id, const QString &value);
+    // A placement field of the panel: x, y, turn (about the centre) or scale in per cent.
+    void applyPlacement(int field, double value);
 
     // File work without dialogs; on failure lastError() says why and nothing changed.
     bool savePage(const QString &path);
@@ -57,6 +59,9 @@ public:
     // A page with several apparatus, for a first look and the README picture.
     void fillDemoPage();
 
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
 private:
     void buildMenus();
     void retranslate();
@@ -77,12 +82,13 @@ private:
     class QDockWidget *m_panelDock;
     QMenu *m_fileMenu = nullptr, *m_editMenu = nullptr, *m_langMenu = nullptr;
     QAction *m_new, *m_open, *m_save, *m_saveAs, *m_exportPage, *m_exportItem, *m_quit;
-    QAction *m_undo, *m_redo, *m_delete, *m_front, *m_resetTransform, *m_english, *m_chinese;
+    QAction *m_undo, *m_redo, *m_delete, *m_resetTransform, *m_english, *m_chinese;
     QAction *m_capture, *m_restore;
     QMenu *m_playMenu = nullptr;
     QAction *m_record, *m_stopRecord, *m_play;
     Recorder *m_recorder;
     void updatePlaybackActions();
+    void setPlaying(bool on);
     QSet<quint64> m_captured; // content serials that hold a captured state
     QString m_file;
     QString m_lastError;

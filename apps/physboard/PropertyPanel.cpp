@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QFormLayout>
+#include <QGroupBox>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLabel>
@@ -91,8 +92,54 @@ PropertyPanel::PropertyPanel(QWidget *parent) : QWidget(parent)
     m_form = new QFormLayout;
     m_form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     v->addLayout(m_form);
+    m_placeBox = new QGroupBox(this);
+    m_placeForm = new QFormLayout(m_placeBox);
+    const struct {
+        double lo, hi, step;
+        int decimals;
+        const char *suffix;
+    } kinds[PlaceCount] = {{-1e6, 1e6, 1, 1, ""}, {-1e6, 1e6, 1, 1, ""}, {-360, 360, 1, 1, " °"}, {10, 1000, 5, 0, " %"}};
+    for (int i = 0; i < PlaceCount; ++i) {
+        auto *s = new QDoubleSpinBox(m_placeBox);
+        s->setRange(kinds[i].lo, kinds[i].hi);
+        s->setSingleStep(kinds[i].step);
+        s->setDecimals(kinds[i].decimals);
+        s->setSuffix(QString::fromUtf8(kinds[i].suffix));
+        s->setKeyboardTracking(false);
+        s->setObjectName(QStringLiteral("placement%1").arg(i));
+        connect(s, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this, [this, i](double value) {
+            if (!m_showing)
+                emit placementEdited(i, value);
+        });
+        m_place[i] = s;
+        m_placeForm->addRow(new QLabel(m_placeBox), s);
+    }
+    v->addWidget(m_placeBox);
     v->addStretch(1);
+    retranslate();
+}
+
+void PropertyPanel::retranslate()
+{
+    m_placeBox->setTitle(Strings::text(QStringLiteral("BOARD_PLACEMENT")));
+    const char *const keys[PlaceCount] = {"BOARD_POSITION_X", "BOARD_POSITION_Y", "BOARD_ROTATION", "BOARD_SCALE"};
+    for (int i = 0; i < PlaceCount; ++i)
+        if (auto *l = qobject_cast<QLabel *>(m_placeForm->labelForField(m_place[i])))
+            l->setText(Strings::text(QLatin1String(keys[i])));
     rebuild();
+}
+
+void PropertyPanel::refreshPlacement()
+{
+    m_placeBox->setVisible(m_obj);
+    if (!m_obj)
+        return;
+    m_showing = true;
+    m_place[PlaceX]->setValue(m_obj->pos().x());
+    m_place[PlaceY]->setValue(m_obj->pos().y());
+    m_place[PlaceRotation]->setValue(m_obj->rotation());
+    m_place[PlaceScale]->setValue(m_obj->scale() * 100);
+    m_showing = false;
 }
 
 void PropertyPanel::setObject(CWBPhysicalObject *obj)
@@ -130,6 +177,7 @@ void PropertyPanel::rebuild()
     m_editors.clear();
     m_labels.clear();
     m_settings = QJsonArray();
+    refreshPlacement();
     if (!m_obj || !m_obj->content()) {
         m_title->setText(Strings::text(QStringLiteral("BOARD_NO_SELECTION")));
         return;
@@ -287,6 +335,7 @@ void PropertyPanel::refreshValues()
         return;
     }
     m_settings = now;
+    refreshPlacement();
     for (const QJsonValue &v : now) {
         const QJsonObject o = v.toObject();
         showValue(o.value(QStringLiteral("id")).toString(), o.value(QStringLiteral("value")));

@@ -6,7 +6,9 @@
 #include <QWidget>
 
 class CWBPhysicalObject;
+class QDoubleSpinBox;
 class QFormLayout;
+class QGroupBox;
 class QLabel;
 
 // A swatch that opens a colour dialog; setColor is what a pick does.
@@ -44,10 +46,16 @@ public:
     QLabel *labelOf(const QString &id) const { return m_labels.value(id); }
     const QJsonArray &settings() const { return m_settings; }
     bool wantsRefresh(const QString &id) const;
+    // Where the item stands: x, y, turn in degrees, scale in per cent.
+    QDoubleSpinBox *placementEditor(int field) const { return m_place[field]; }
+    enum PlacementField { PlaceX = 0, PlaceY, PlaceRotation, PlaceScale, PlaceCount };
+    void refreshPlacement();
+    void retranslate();
 
 signals:
     // A value the user set, as the apparatus reads it back.
     void edited(const QString &id, const QString &value);
+    void placementEdited(int field, double value);
 
 private:
     QWidget *makeEditor(const QJsonObject &item);
@@ -60,4 +68,7 @@ private:
     QMap<QString, QWidget *> m_editors;
     QMap<QString, QLabel *> m_labels;
     bool m_showing = false;
+    QGroupBox *m_placeBox;
+    QFormLayout *m_placeForm;
+    QDoubleSpinBox *m_place[PlaceCount];
 };

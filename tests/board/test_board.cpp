@@ -15,11 +15,13 @@
 #include <QDir>
 #include <QDockWidget>
 #include <QDoubleSpinBox>
+#include <QGroupBox>
 #include <QJsonObject>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QProgressDialog>
 #include <QRegularExpression>
 #include <QSpinBox>
@@ -279,6 +281,27 @@ private slots:
         QCOMPARE(w->page()->objects(), QList<CWBPhysicalObject *>{ruler});
     }
 
+    void droppingAToolboxEntryPlacesItThere()
+    {
+        QMimeData mime;
+        mime.setData(QLatin1String(BoardView::kTypeMime), "202");
+        const QPoint at(400, 300);
+        QDragEnterEvent enter(at, Qt::CopyAction, &mime, Qt::LeftButton, {});
+        QApplication::sendEvent(vp(), &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent drop(at, Qt::CopyAction, &mime, Qt::LeftButton, {});
+        QApplication::sendEvent(vp(), &drop);
+        QCOMPARE(w->page()->objects().size(), 1);
+        CWBPhysicalObject *spring = w->page()->objects().first();
+        QCOMPARE(spring->typeId(), 202);
+        QVERIFY(QLineF(centreOf(spring), QPointF(at)).length() < 1);
+        // Something the library does not make is refused quietly.
+        mime.setData(QLatin1String(BoardView::kTypeMime), "150");
+        QDropEvent bad(at, Qt::CopyAction, &mime, Qt::LeftButton, {});
+        QApplication::sendEvent(vp(), &bad);
+        QCOMPARE(w->page()->objects().size(), 1);
+    }
+
     void handleDragFollowsLiveAndIsOneStep()
     {
         CWBPhysicalObject *ruler = w->place(109, QPointF(300, 200));
@@ -411,10 +434,26 @@ private slots:
         QVERIFY(std::fabs(wedge->scale() - 1.5) < 0.02);
         QCOMPARE(stack()->count(), steps0 + 3);
 
+        // The panel shows where it stands, and takes typed values.
+        QDoubleSpinBox *turn = w->panel()->placementEditor(PropertyPanel::PlaceRotation);
+        QCOMPARE(w->panel()->findChild<QGroupBox *>()->findChildren<QLabel *>().size(), int(PropertyPanel::PlaceCount));
+        QCOMPARE(turn->value(), 90.0);
+        QCOMPARE(w->panel()->placementEditor(PropertyPanel::PlaceScale)->value(), std::round(wedge->scale() * 100));
+        const QPointF centreBefore = wedge->mapToScene(wedge->boundingRect().center());
+        turn->setValue(45);
+        QCOMPARE(wedge->rotation(), 45.0);
+        QVERIFY(QLineF(wedge->mapToScene(wedge->boundingRect().center()), centreBefore).length() < 1e-6);
+        w->panel()->placementEditor(PropertyPanel::PlaceX)->setValue(12);
+        QCOMPARE(wedge->pos().x(), 12.0);
+        QCOMPARE(stack()->count(), steps0 + 5);
+        stack()->undo();
+        stack()->undo();
+
         const ItemPlacement done = ItemPlacement::of(wedge);
         for (int i = 0; i < 3; ++i)
             stack()->undo();
         QVERIFY(ItemPlacement::of(wedge) == p0);
+        QCOMPARE(turn->value(), 0.0);
         for (int i = 0; i < 3; ++i)
             stack()->redo();
         QVERIFY(ItemPlacement::of(wedge) == done);
