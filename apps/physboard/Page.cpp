@@ -19,7 +19,9 @@ constexpr double kPngResolution = 2; // pixels per page unit
 
 bool isFinite(double v) { return std::isfinite(v); }
 
-// The item's drawing, as an SVG element placed by the item's transform.
+// The item's drawing as a group placed by the item's transform. The root element's
+// children are moved into the group (nested <svg> viewports are not drawn alike by
+// every renderer), with the view box turned into a transform.
 QByteArray objectSvgElement(CWBPhysicalObject *obj, const QPointF &origin)
 {
     CSVGBase *c = obj->content();
@@ -27,21 +29,30 @@ QByteArray objectSvgElement(CWBPhysicalObject *obj, const QPointF &origin)
         return QByteArray();
     QSvgTinyDocument::WriteOptions o;
     o.handles = false;
-    QByteArray svg = c->document()->toSvg(o);
-    // Keep the root element only: a declaration may not stand inside another document.
-    static const QRegularExpression root(QStringLiteral("<svg[\\s>]"));
-    const int at = QString::fromUtf8(svg).indexOf(root);
-    if (at < 0)
+    const QString svg = QString::fromUtf8(c->document()->toSvg(o));
+    static const QRegularExpression rootTag(QStringLiteral("<svg[\\s>][^>]*>"));
+    const QRegularExpressionMatch root = rootTag.match(svg);
+    if (!root.hasMatch() || root.captured().endsWith(QLatin1String("/>")))
         return QByteArray();
-    svg = QString::fromUtf8(svg).mid(at).toUtf8();
-    const QSizeF doc = c->document()->size();
+    const int end = svg.lastIndexOf(QLatin1String("</svg>"));
+    if (end < root.capturedEnd())
+        return QByteArray();
+    // Paint the root may hand down to its children.
+    QString inherited;
+    static const QRegularExpression paint(
+        QStringLiteral("\\s((?:fill|stroke|stroke-width|opacity|style|font-family|font-size|font-weight)=\"[^\"]*\")"));
+    for (auto it = paint.globalMatch(root.captured()); it.hasNext();)
+        inherited += QLatin1Char(' ') + it.next().captured(1);
+
+    const QRectF vb = c->document()->viewBox();
     const QSizeF item = obj->itemSize();
-    const double sx = doc.width() > 0 ? item.width() / doc.width() : 1;
-    const double sy = doc.height() > 0 ? item.height() / doc.height() : 1;
+    const double sx = vb.width() > 0 ? item.width() / vb.width() : 1;
+    const double sy = vb.height() > 0 ? item.height() / vb.height() : 1;
     const QTransform t = obj->sceneTransform() * QTransform::fromTranslate(-origin.x(), -origin.y());
-    const QString g = QStringLiteral("<g transform=\"matrix(%1 %2 %3 %4 %5 %6) scale(%7 %8)\">\n")
-                          .arg(t.m11()).arg(t.m12()).arg(t.m21()).arg(t.m22()).arg(t.dx()).arg(t.dy()).arg(sx).arg(sy);
-    return g.toUtf8() + svg + "\n</g>\n";
+    const QString g = QStringLiteral("<g transform=\"matrix(%1 %2 %3 %4 %5 %6) scale(%7 %8) translate(%9 %10)\"%11>")
+                          .arg(t.m11()).arg(t.m12()).arg(t.m21()).arg(t.m22()).arg(t.dx()).arg(t.dy())
+                          .arg(sx).arg(sy).arg(-vb.x()).arg(-vb.y()).arg(inherited);
+    return (g + svg.mid(root.capturedEnd(), end - root.capturedEnd()) + QStringLiteral("</g>\n")).toUtf8();
 }
 
 bool writeFile(const QString &path, const QByteArray &bytes, QString *error)
