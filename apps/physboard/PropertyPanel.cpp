@@ -222,7 +222,7 @@ QWidget *PropertyPanel::makeEditor(const QJsonObject &item)
             s->setKeyboardTracking(false);
             if (!unit.isEmpty())
                 s->setSuffix(QLatin1Char(' ') + unit);
-            s->setValue(text(value).toInt());
+            s->setValue(int(std::trunc(text(value).toDouble())));
             connect(s, QOverload<int>::of(&QSpinBox::valueChanged), this, [this, id](int v) {
                 if (!m_showing)
                     emit edited(id, QString::number(v));

@@ -23,6 +23,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QProgressDialog>
+#include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QSpinBox>
 #include <QTemporaryDir>
@@ -738,6 +739,43 @@ private slots:
         QCOMPARE(w->currentFile(), good);
         QVERIFY(!w->openPage(dir.filePath(QStringLiteral("missing.phb"))));
         QCOMPARE(w->page()->objects(), objs);
+    }
+
+    void anyBodyBehindAValidChecksumIsReadSafely()
+    {
+        QByteArray body;
+        {
+            BoardPage page;
+            for (int type : {109, 202, 102})
+                page.insertObject(BoardPage::create(type));
+            const QByteArray file = BoardPage::serialize(page.objects());
+            QDataStream in(file);
+            in.setVersion(QDataStream::Qt_5_15);
+            quint32 magic;
+            quint16 version;
+            in >> magic >> version >> body;
+        }
+        QRandomGenerator rng(7);
+        int loaded = 0;
+        for (int round = 0; round < 300; ++round) {
+            QByteArray b = body;
+            const int flips = 1 + rng.bounded(4);
+            for (int k = 0; k < flips; ++k)
+                b[rng.bounded(b.size())] = char(rng.bounded(256));
+            if (round % 5 == 0)
+                b.truncate(rng.bounded(b.size()));
+            QList<CWBPhysicalObject *> objs;
+            QString error;
+            if (BoardPage::deserialize(pageBytes(b), &objs, &error)) {
+                ++loaded;
+                for (CWBPhysicalObject *o : objs)
+                    o->Release();
+            } else {
+                QVERIFY(objs.isEmpty());
+                QVERIFY(!error.isEmpty());
+            }
+        }
+        QVERIFY(loaded < 300);
     }
 
     void exportsDrawThePageAndOneApparatus()
