@@ -208,7 +208,7 @@ bool BoardPage::deserialize(const QByteArray &bytes, QList<CWBPhysicalObject *> 
         QByteArray state;
         b >> type >> pos >> rotation >> scale >> z >> state;
         if (b.status() != QDataStream::Ok || !isFinite(pos.x()) || !isFinite(pos.y()) || !isFinite(rotation) ||
-            !isFinite(scale) || !isFinite(z) || !(scale > 0) || scale > 1000 || std::fabs(pos.x()) > 1e7 || std::fabs(pos.y()) > 1e7)
+            !isFinite(scale) || !isFinite(z) || !(scale >= 0.01) || scale > 100 || std::fabs(pos.x()) > 1e7 || std::fabs(pos.y()) > 1e7)
             return failAll(Strings::text(QStringLiteral("BOARD_ERR_DAMAGED")));
         CWBPhysicalObject *obj = create(type, false);
         if (!obj)
