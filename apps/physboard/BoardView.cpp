@@ -223,6 +223,7 @@ void BoardView::mousePressEvent(QMouseEvent *event)
         m_mode = Mode::Handle;
         m_pressDoc = documentPoint(h.obj, pos);
         m_handleStart = h.obj->content()->controlNodes().at(h.index)->rect().topLeft();
+        m_pressState = ObjectStateCmd::stateOf(h.obj);
         return;
     }
     CWBPhysicalObject *obj = objectAt(pos);
@@ -243,7 +244,10 @@ void BoardView::dragHandleTo(const QPoint &viewPos, bool final)
     // Aim at where the pointer has taken the handle; the host clamps to the bounds.
     const QPointF target = m_handleStart + (documentPoint(m_selected, viewPos) - m_pressDoc);
     const QPointF delta = target - node->rect().topLeft();
-    c->moveControlPoint(node, delta, final);
+    if (final)
+        finishHandleMove(node, delta, m_pressState);
+    else
+        c->moveControlPoint(node, delta, false);
     m_selected->update();
     viewport()->update();
     emit handleMoved(m_selected, final);
@@ -275,6 +279,25 @@ void BoardView::updateCursor(const QPoint &pos)
     else if (objectAt(pos))
         shape = Qt::SizeAllCursor;
     viewport()->setCursor(shape);
+}
+
+void BoardView::finishHandleMove(QSvgNode *node, const QPointF &delta, const QByteArray &stateBefore)
+{
+    CSVGBase *c = m_selected->content();
+    QUndoStack *s = GetFramework()->undoStack();
+    c->moveControlPoint(node, delta, false);
+    // Open a step only for a move that changed something, so that no empty one is left.
+    if (ObjectStateCmd::stateOf(m_selected) == stateBefore) {
+        c->moveControlPoint(node, QPointF(), true);
+        return;
+    }
+    s->beginMacro(Strings::text(QStringLiteral("BOARD_CMD_HANDLE")).arg(nameOf(m_selected)));
+    const QUndoCommand *macro = s->command(s->count() - 1);
+    c->moveControlPoint(node, QPointF(), true);
+    const bool recorded = macro && macro->childCount() > 0;
+    s->endMacro();
+    if (!recorded)
+        s->undo(); // the drag came back to where it began
 }
 
 void BoardView::mouseMoveEvent(QMouseEvent *event)
@@ -378,7 +401,7 @@ void BoardView::keyPressEvent(QKeyEvent *event)
         QPointF d = unturn.map(step);
         auto snap = [](double v) { return std::fabs(v - std::round(v)) < 1e-9 ? std::round(v) : v; };
         d = QPointF(snap(d.x()), snap(d.y()));
-        c->moveControlPoint(c->controlNodes().at(m_handle), d, true);
+        finishHandleMove(c->controlNodes().at(m_handle), d, ObjectStateCmd::stateOf(m_selected));
         m_selected->update();
         emit handleMoved(m_selected, true);
     } else {

@@ -337,6 +337,16 @@ private slots:
         QTest::keyClick(w, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
         QVERIFY(sameDocument(docOf(ruler), doc1));
 
+        // Turned a quarter and scaled by 1.5, a drag down the screen runs along the ruler.
+        ruler->setRotation(90);
+        ruler->setScale(1.5);
+        const double xTurned = h->rect().x();
+        drag(vp(), handleCentre(ruler, 0), handleCentre(ruler, 0) + QPointF(0, 60));
+        QVERIFY(std::fabs(h->rect().x() - (xTurned + 40)) < 0.5);
+        QCOMPARE(h->rect().y(), start.y());
+        ruler->setRotation(0);
+        ruler->setScale(1);
+
         // Far past the end: the handle stops at its bound.
         drag(vp(), handleCentre(ruler, 0), handleCentre(ruler, 0) + QPointF(3000, -400));
         QCOMPARE(h->rect().x(), 800.0);
@@ -390,9 +400,10 @@ private slots:
         QCOMPARE(h->rect().x(), x0 + 1);
         QTest::keyClick(vp(), Qt::Key_Right, Qt::ShiftModifier);
         QCOMPARE(h->rect().x(), x0 + 11);
-        QTest::keyClick(vp(), Qt::Key_Up, Qt::ShiftModifier); // locked axis
+        QTest::keyClick(vp(), Qt::Key_Up, Qt::ShiftModifier); // locked axis: no step either
         QCOMPARE(h->rect().y(), y0);
         QCOMPARE(stack()->count(), steps0 + 2);
+        QVERIFY(!stack()->canRedo());
         // Turned a quarter, "down" on screen runs along the ruler.
         ruler->setRotation(-90);
         QTest::keyClick(vp(), Qt::Key_Up);
