@@ -61,8 +61,10 @@ BoardWindow::BoardWindow(QWidget *parent) : QMainWindow(parent)
     connect(m_view, &BoardView::deleteRequested, this, &BoardWindow::deleteSelected);
     connect(m_view, &BoardView::handleMoved, this, [this](CWBPhysicalObject *, bool final) {
         // Live values come through message 100; the end of a drag settles the rest.
-        if (final)
+        if (final) {
             m_panel->refreshValues();
+            growPage();
+        }
     });
     connect(m_panel, &PropertyPanel::edited, this, &BoardWindow::applyEdit);
     connect(m_panel, &PropertyPanel::placementEdited, this, &BoardWindow::applyPlacement);
@@ -318,8 +320,17 @@ void BoardWindow::afterUndoRedo()
         m_view->select(nullptr);
     else
         m_panel->refreshValues();
+    growPage();
     m_view->viewport()->update();
     updateTitle();
+}
+
+void BoardWindow::growPage()
+{
+    // The page reaches past whatever is on it, so that everything can be scrolled to.
+    const QRectF least(0, 0, 1600, 1000);
+    const QRectF content = m_page->contentBounds();
+    m_view->setSceneRect(content.isNull() ? least : least.united(content.adjusted(-100, -100, 100, 100)));
 }
 
 CWBPhysicalObject *BoardWindow::place(int typeId, const QPointF &scenePos)
@@ -473,6 +484,7 @@ bool BoardWindow::openPage(const QString &path)
     m_view->select(nullptr);
     undoStack()->clear();
     m_page->replaceWith(loaded);
+    growPage();
     m_file = path;
     m_lastError.clear();
     undoStack()->setClean();

@@ -89,6 +89,7 @@ private:
     Recorder *m_recorder;
     void updatePlaybackActions();
     void setPlaying(bool on);
+    void growPage();
     QSet<quint64> m_captured; // content serials that hold a captured state
     QString m_file;
     QString m_lastError;
