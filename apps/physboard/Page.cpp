@@ -79,7 +79,7 @@ BoardPage::~BoardPage() { clearPage(); }
 CWBPhysicalObject *BoardPage::create(int typeId, bool defaultSize)
 {
     CWBPhysicalObject *obj = createObject_physical(0, typeId, defaultSize);
-    if (obj && !obj->content()) {
+    if (obj && (!obj->content() || !obj->content()->document())) {
         obj->Release();
         return nullptr;
     }
@@ -326,6 +326,8 @@ bool BoardPage::exportPage(const QString &path, QString *error, const Progress &
             if (progress && !progress(i, all.size()))
                 return false;
             CWBPhysicalObject *o = all[i];
+            if (!o->content() || !o->content()->document())
+                continue;
             p.setTransform(o->sceneTransform() * QTransform::fromTranslate(-r.x(), -r.y()) * QTransform::fromScale(k, k));
             o->content()->document()->render(&p, QRectF(QPointF(0, 0), o->itemSize()), false);
         }
