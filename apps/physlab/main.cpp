@@ -114,6 +114,14 @@ int gallery(const QString &dirPath)
                                   "vertical-align:top}img{border:1px solid #ccc;max-width:600px}</style></head><body>\n"
                                   "<h1>Apparatus gallery</h1>\n");
     int failures = 0;
+    // Pictures in all, so that each can report how far the gallery has got.
+    int total = 0, done = 0;
+    for (int i = 0; i < n; ++i) {
+        ++total;
+        for (const Scene &s : kScenes)
+            total += s.type == t[i].type;
+    }
+    QTextStream progress(stdout);
     for (int i = 0; i < n; ++i) {
         html += QStringLiteral("<h2>%1 &mdash; %2 (type %3)</h2>\n").arg(QLatin1String(t[i].name), QLatin1String(t[i].className)).arg(t[i].type);
         QVector<Scene> scenes{{t[i].type, "default", "as created", ""}};
@@ -121,6 +129,8 @@ int gallery(const QString &dirPath)
             if (s.type == t[i].type)
                 scenes.append(s);
         for (const Scene &s : scenes) {
+            progress << "gallery " << ++done << '/' << total << ": " << t[i].name << " (" << t[i].type << ") " << s.name << '\n';
+            progress.flush();
             ScriptSession session;
             QJsonObject r = session.exec(QStringLiteral("new %1 --default-size").arg(s.type));
             for (const QString &line : QString::fromLatin1(s.script).split(QLatin1Char(';'), Qt::SkipEmptyParts)) {

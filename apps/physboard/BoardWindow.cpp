@@ -1,0 +1,618 @@
+#include "BoardWindow.h"
+#include "BoardView.h"
+#include "Commands.h"
+#include "Page.h"
+#include "PropertyPanel.h"
+#include "Recorder.h"
+#include "Strings.h"
+#include "Toolbox.h"
+#include <QAction>
+#include <QActionGroup>
+#include <QCloseEvent>
+#include <QApplication>
+#include <QDockWidget>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <cmath>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QProgressDialog>
+#include <QScrollArea>
+#include <QStatusBar>
+#include <framework.h>
+#include <physicalobject/physicalobject.h>
+#include <svgbase.h>
+
+namespace {
+
+QUndoStack *undoStack() { return GetFramework()->undoStack(); }
+QString T(const char *key) { return Strings::text(QLatin1String(key)); }
+
+} // namespace
+
+BoardWindow::BoardWindow(QWidget *parent) : QMainWindow(parent)
+{
+    m_page = new BoardPage(this);
+    m_view = new BoardView(m_page, this);
+    setCentralWidget(m_view);
+
+    m_toolbox = new Toolbox(this);
+    m_toolDock = new QDockWidget(this);
+    m_toolDock->setObjectName(QStringLiteral("toolbox"));
+    m_toolDock->setWidget(m_toolbox);
+    m_toolDock->setFeatures(QDockWidget::DockWidgetMovable);
+    addDockWidget(Qt::LeftDockWidgetArea, m_toolDock);
+
+    m_recorder = new Recorder(m_page, this);
+    m_panel = new PropertyPanel(this);
+    auto *scroll = new QScrollArea(this);
+    scroll->setWidget(m_panel);
+    scroll->setWidgetResizable(true);
+    scroll->setMinimumWidth(260);
+    m_panelDock = new QDockWidget(this);
+    m_panelDock->setObjectName(QStringLiteral("properties"));
+    m_panelDock->setWidget(scroll);
+    m_panelDock->setFeatures(QDockWidget::DockWidgetMovable);
+    addDockWidget(Qt::RightDockWidgetArea, m_panelDock);
+
+    connect(m_toolbox, &Toolbox::placeRequested, this, [this](int type) { placeAtFreeSpot(type); });
+    connect(m_view, &BoardView::dropRequested, this, [this](int type, const QPointF &p) { place(type, p); });
+    connect(m_view, &BoardView::selectionChanged, this, &BoardWindow::onSelectionChanged);
+    connect(m_view, &BoardView::deleteRequested, this, &BoardWindow::deleteSelected);
+    connect(m_view, &BoardView::handleMoved, this, [this](CWBPhysicalObject *, bool final) {
+        // Live values come through message 100; the end of a drag settles the rest.
+        if (final) {
+            m_panel->refreshValues();
+            growPage();
+        }
+    });
+    connect(m_panel, &PropertyPanel::edited, this, &BoardWindow::applyEdit);
+    connect(m_panel, &PropertyPanel::placementEdited, this, &BoardWindow::applyPlacement);
+    m_observer = GetFramework()->addObserver([this](int message, const QByteArray &json) {
+        if (message == CFramework::MSG_SETTINGS_CHANGED)
+            m_panel->applyMessage(json);
+    });
+
+    buildMenus();
+    m_capture->setEnabled(false);
+    m_restore->setEnabled(false);
+    connect(m_recorder, &Recorder::progress, this, [this](int done, int total) {
+        statusBar()->showMessage(T("BOARD_PLAYING").arg(done).arg(total));
+    });
+    connect(m_recorder, &Recorder::finished, this, [this]() {
+        setPlaying(false);
+        updatePlaybackActions();
+    });
+    updatePlaybackActions();
+    connect(undoStack(), &QUndoStack::indexChanged, this, &BoardWindow::afterUndoRedo);
+    connect(undoStack(), &QUndoStack::cleanChanged, this, &BoardWindow::updateTitle);
+    connect(undoStack(), &QUndoStack::canUndoChanged, m_undo, &QAction::setEnabled);
+    connect(undoStack(), &QUndoStack::canRedoChanged, m_redo, &QAction::setEnabled);
+    undoStack()->clear();
+    m_undo->setEnabled(false);
+    m_redo->setEnabled(false);
+    retranslate();
+    resize(1280, 800);
+}
+
+BoardWindow::~BoardWindow()
+{
+    GetFramework()->removeObserver(m_observer);
+    disconnect(undoStack(), nullptr, this, nullptr);
+    disconnect(undoStack(), nullptr, m_undo, nullptr);
+    disconnect(undoStack(), nullptr, m_redo, nullptr);
+    m_view->select(nullptr);
+    // Steps may own objects taken off the page; they go first.
+    undoStack()->clear();
+    m_page->clearPage();
+}
+
+void BoardWindow::buildMenus()
+{
+    m_fileMenu = menuBar()->addMenu(QString());
+    m_new = m_fileMenu->addAction(QString(), this, [this]() {
+        if (confirmDiscard())
+            newPage();
+    });
+    m_new->setShortcut(QKeySequence::New);
+    m_open = m_fileMenu->addAction(QString(), this, &BoardWindow::openInteractive);
+    m_open->setShortcut(QKeySequence::Open);
+    m_save = m_fileMenu->addAction(QString(), this, [this]() { saveInteractive(false); });
+    m_save->setShortcut(QKeySequence::Save);
+    m_saveAs = m_fileMenu->addAction(QString(), this, [this]() { saveInteractive(true); });
+    m_saveAs->setShortcut(QKeySequence::SaveAs);
+    m_fileMenu->addSeparator();
+    m_exportPage = m_fileMenu->addAction(QString(), this, [this]() { exportInteractive(false); });
+    m_exportItem = m_fileMenu->addAction(QString(), this, [this]() { exportInteractive(true); });
+    m_fileMenu->addSeparator();
+    m_quit = m_fileMenu->addAction(QString(), this, &QWidget::close);
+    m_quit->setShortcut(QKeySequence::Quit);
+
+    m_editMenu = menuBar()->addMenu(QString());
+    m_undo = m_editMenu->addAction(QString(), undoStack(), &QUndoStack::undo);
+    m_undo->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Z));
+    m_redo = m_editMenu->addAction(QString(), undoStack(), &QUndoStack::redo);
+    m_redo->setShortcuts({QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), QKeySequence(Qt::CTRL + Qt::Key_Y)});
+    m_editMenu->addSeparator();
+    m_delete = m_editMenu->addAction(QString(), this, &BoardWindow::deleteSelected);
+    m_resetTransform = m_editMenu->addAction(QString(), this, [this]() {
+        CWBPhysicalObject *obj = m_view->selected();
+        if (!obj)
+            return;
+        const ItemPlacement from = ItemPlacement::of(obj);
+        const QPointF centre = obj->mapToScene(obj->boundingRect().center());
+        ItemPlacement to{centre - obj->boundingRect().center(), 0, 1};
+        if (to == from)
+            return;
+        to.applyTo(obj);
+        undoStack()->push(new PlaceObjectCmd(obj, from, to, T("BOARD_CMD_SCALE").arg(Strings::typeName(obj->typeId()))));
+    });
+
+    m_editMenu->addSeparator();
+    m_capture = m_editMenu->addAction(QString(), this, &BoardWindow::captureSelected);
+    m_restore = m_editMenu->addAction(QString(), this, &BoardWindow::restoreSelected);
+
+    m_playMenu = menuBar()->addMenu(QString());
+    m_record = m_playMenu->addAction(QString(), this, &BoardWindow::startRecording);
+    m_stopRecord = m_playMenu->addAction(QString(), this, &BoardWindow::stopRecording);
+    m_play = m_playMenu->addAction(QString(), this, [this]() {
+        if (confirmDiscard())
+            playBack(600);
+    });
+
+    m_langMenu = menuBar()->addMenu(QString());
+    auto *group = new QActionGroup(this);
+    m_english = m_langMenu->addAction(QString(), this, [this]() { setLanguage(Strings::English); });
+    m_chinese = m_langMenu->addAction(QString(), this, [this]() { setLanguage(Strings::Chinese); });
+    for (QAction *a : {m_english, m_chinese}) {
+        a->setCheckable(true);
+        group->addAction(a);
+    }
+    m_english->setChecked(Strings::language() == Strings::English);
+    m_chinese->setChecked(Strings::language() == Strings::Chinese);
+}
+
+void BoardWindow::retranslate()
+{
+    m_fileMenu->setTitle(T("BOARD_MENU_FILE"));
+    m_editMenu->setTitle(T("BOARD_MENU_EDIT"));
+    m_langMenu->setTitle(T("BOARD_MENU_LANGUAGE"));
+    m_playMenu->setTitle(T("BOARD_MENU_PLAYBACK"));
+    m_record->setText(T("BOARD_RECORD"));
+    m_stopRecord->setText(T("BOARD_STOP_RECORD"));
+    m_play->setText(T("BOARD_PLAY"));
+    m_new->setText(T("BOARD_NEW"));
+    m_open->setText(T("BOARD_OPEN"));
+    m_save->setText(T("BOARD_SAVE"));
+    m_saveAs->setText(T("BOARD_SAVE_AS"));
+    m_exportPage->setText(T("BOARD_EXPORT_PAGE"));
+    m_exportItem->setText(T("BOARD_EXPORT_ITEM"));
+    m_quit->setText(T("BOARD_QUIT"));
+    m_undo->setText(T("BOARD_UNDO"));
+    m_redo->setText(T("BOARD_REDO"));
+    m_delete->setText(T("BOARD_DELETE"));
+    m_resetTransform->setText(T("BOARD_RESET_TRANSFORM"));
+    m_capture->setText(T("BOARD_CAPTURE"));
+    m_restore->setText(T("BOARD_RESTORE"));
+    m_english->setText(T("BOARD_ENGLISH"));
+    m_chinese->setText(T("BOARD_CHINESE"));
+    m_toolDock->setWindowTitle(T("BOARD_TOOLBOX"));
+    m_panelDock->setWindowTitle(T("BOARD_PROPERTIES"));
+    m_toolbox->retranslate();
+    m_panel->retranslate();
+    statusBar()->showMessage(T("BOARD_HINT"));
+    updateTitle();
+}
+
+void BoardWindow::setLanguage(int language)
+{
+    Strings::setLanguage(language == Strings::Chinese ? Strings::Chinese : Strings::English);
+    m_english->setChecked(Strings::language() == Strings::English);
+    m_chinese->setChecked(Strings::language() == Strings::Chinese);
+    retranslate();
+}
+
+void BoardWindow::updateTitle()
+{
+    const QString name = m_file.isEmpty() ? T("BOARD_UNTITLED") : QFileInfo(m_file).fileName();
+    setWindowTitle(QStringLiteral("%1%2 — %3").arg(name, undoStack()->isClean() ? QString() : QStringLiteral("*"),
+                                                     T("BOARD_TITLE")));
+}
+
+void BoardWindow::onSelectionChanged(CWBPhysicalObject *obj)
+{
+    m_panel->setObject(obj);
+    m_capture->setEnabled(obj);
+    m_restore->setEnabled(obj && obj->content() && m_captured.contains(obj->content()->serial()));
+}
+
+bool BoardWindow::captureSelected()
+{
+    CWBPhysicalObject *obj = m_view->selected();
+    if (!obj || !obj->content())
+        return false;
+    QByteArray none;
+    QDataStream in(&none, QIODevice::ReadOnly);
+    obj->content()->SetAttribute(CSVGBase::ATTR_CAPTURE, in, false, false);
+    m_captured.insert(obj->content()->serial());
+    m_restore->setEnabled(true);
+    return true;
+}
+
+bool BoardWindow::restoreSelected()
+{
+    CWBPhysicalObject *obj = m_view->selected();
+    if (!obj || !obj->content() || !m_captured.contains(obj->content()->serial()))
+        return false;
+    const QByteArray before = ObjectStateCmd::stateOf(obj);
+    QByteArray none;
+    QDataStream in(&none, QIODevice::ReadOnly);
+    obj->content()->SetAttribute(CSVGBase::ATTR_RESTORE, in, false, false);
+    const QByteArray after = ObjectStateCmd::stateOf(obj);
+    if (after != before) {
+        auto *cmd = new ObjectStateCmd(obj, before, after);
+        cmd->setText(T("BOARD_RESTORE"));
+        undoStack()->push(cmd);
+    }
+    obj->update();
+    m_panel->refreshValues();
+    return true;
+}
+
+void BoardWindow::updatePlaybackActions()
+{
+    m_record->setEnabled(!m_recorder->isRecording() && !m_recorder->isPlaying());
+    m_stopRecord->setEnabled(m_recorder->isRecording());
+    m_play->setEnabled(m_recorder->hasRecording() && !m_recorder->isPlaying());
+}
+
+void BoardWindow::setPlaying(bool on)
+{
+    // A replay owns the page: nothing else may add, pick or edit meanwhile.
+    m_view->setEnabled(!on);
+    m_panel->setEnabled(!on);
+    m_toolbox->setEnabled(!on);
+}
+
+void BoardWindow::closeEvent(QCloseEvent *event)
+{
+    if (confirmDiscard())
+        event->accept();
+    else
+        event->ignore();
+}
+
+void BoardWindow::startRecording()
+{
+    m_recorder->start();
+    statusBar()->showMessage(T("BOARD_RECORDING"));
+    updatePlaybackActions();
+}
+
+void BoardWindow::stopRecording()
+{
+    m_recorder->stop();
+    statusBar()->clearMessage();
+    updatePlaybackActions();
+}
+
+bool BoardWindow::playBack(int intervalMs)
+{
+    if (!m_recorder->hasRecording() || m_recorder->isPlaying())
+        return false;
+    // The replay starts from the recorded page: nothing of the present one stays to undo.
+    m_view->select(nullptr);
+    undoStack()->clear();
+    setPlaying(true);
+    const bool ok = m_recorder->play(intervalMs);
+    if (!ok)
+        setPlaying(false);
+    undoStack()->setClean();
+    updatePlaybackActions();
+    return ok;
+}
+
+void BoardWindow::afterUndoRedo()
+{
+    m_recorder->noteChange();
+    CWBPhysicalObject *sel = m_view->selected();
+    if (sel && sel->scene() != m_page)
+        m_view->select(nullptr);
+    else
+        m_panel->refreshValues();
+    growPage();
+    m_view->viewport()->update();
+    updateTitle();
+}
+
+void BoardWindow::growPage()
+{
+    // The page reaches past whatever is on it, so that everything can be scrolled to.
+    const QRectF least(0, 0, 1600, 1000);
+    const QRectF content = m_page->contentBounds();
+    m_view->setSceneRect(content.isNull() ? least : least.united(content.adjusted(-100, -100, 100, 100)));
+}
+
+CWBPhysicalObject *BoardWindow::place(int typeId, const QPointF &scenePos)
+{
+    if (m_recorder->isPlaying())
+        return nullptr;
+    CWBPhysicalObject *obj = BoardPage::create(typeId, true);
+    if (!obj)
+        return nullptr;
+    obj->setPos(scenePos - obj->boundingRect().center());
+    obj->setZValue(m_page->topZ() + 1);
+    auto *cmd = new AddObjectCmd(m_page, obj);
+    cmd->setText(T("BOARD_CMD_ADD").arg(Strings::typeName(typeId)));
+    undoStack()->push(cmd);
+    m_view->select(obj);
+    m_view->setFocus();
+    return obj;
+}
+
+CWBPhysicalObject *BoardWindow::placeAtFreeSpot(int typeId)
+{
+    // Centre of what is in view, stepped so that repeated picks do not stack exactly.
+    const QPointF centre = m_view->mapToScene(m_view->viewport()->rect().center());
+    const double step = 24.0 * (m_placed++ % 8);
+    return place(typeId, centre + QPointF(step - 84, step - 84));
+}
+
+void BoardWindow::deleteSelected()
+{
+    CWBPhysicalObject *obj = m_view->selected();
+    if (!obj)
+        return;
+    m_view->select(nullptr);
+    auto *cmd = new RemoveObjectCmd(m_page, obj);
+    cmd->setText(T("BOARD_CMD_DELETE").arg(Strings::typeName(obj->typeId())));
+    undoStack()->push(cmd);
+}
+
+void BoardWindow::applyEdit(const QString &id, const QString &value)
+{
+    CWBPhysicalObject *obj = m_panel->object();
+    if (!obj || !obj->content() || obj->scene() != m_page)
+        return;
+    const bool refresh = m_panel->wantsRefresh(id);
+    QUndoStack *s = undoStack();
+    const QByteArray before = ObjectStateCmd::stateOf(obj);
+    QMap<QString, QString> values{{id, value}};
+    // Whatever the apparatus records for this edit becomes one step; what it does not
+    // record is kept as its state before and after.
+    s->beginMacro(T("BOARD_CMD_EDIT").arg(Strings::typeName(obj->typeId())));
+    const QUndoCommand *macro = s->command(s->count() - 1);
+    obj->content()->SetSettingArray(values, true, true);
+    const QByteArray after = ObjectStateCmd::stateOf(obj);
+    const bool recorded = macro && macro->childCount() > 0;
+    if (!recorded && after != before)
+        s->push(new ObjectStateCmd(obj, before, after));
+    s->endMacro();
+    if (!recorded && after == before)
+        s->undo(); // nothing changed: leave no empty step to undo
+    obj->update();
+    if (refresh)
+        m_panel->rebuild();
+    else
+        m_panel->refreshValues();
+}
+
+void BoardWindow::applyPlacement(int field, double value)
+{
+    CWBPhysicalObject *obj = m_panel->object();
+    if (!obj || obj->scene() != m_page || !std::isfinite(value))
+        return;
+    const ItemPlacement from = ItemPlacement::of(obj);
+    ItemPlacement to = from;
+    const char *key = "BOARD_CMD_MOVE";
+    switch (field) {
+    case PropertyPanel::PlaceX: to.pos.setX(value); break;
+    case PropertyPanel::PlaceY: to.pos.setY(value); break;
+    case PropertyPanel::PlaceRotation:
+    case PropertyPanel::PlaceScale: {
+        // Turned and scaled about the centre, as with the knobs.
+        if (field == PropertyPanel::PlaceRotation) {
+            to.rotation = std::fmod(value, 360.0);
+            key = "BOARD_CMD_ROTATE";
+        } else {
+            to.scale = qBound(0.1, value / 100, 10.0);
+            key = "BOARD_CMD_SCALE";
+        }
+        const QPointF c = obj->boundingRect().center();
+        QTransform t;
+        t.rotate(to.rotation);
+        t.scale(to.scale, to.scale);
+        to.pos = obj->mapToScene(c) - t.map(c);
+        break;
+    }
+    default:
+        return;
+    }
+    if (to == from)
+        return;
+    to.applyTo(obj);
+    undoStack()->push(new PlaceObjectCmd(obj, from, to, T(key).arg(Strings::typeName(obj->typeId()))));
+    m_view->viewport()->update();
+}
+
+void BoardWindow::fail(const QString &message)
+{
+    m_lastError = message;
+    statusBar()->showMessage(message);
+}
+
+void BoardWindow::newPage()
+{
+    m_recorder->cancel();
+    m_recorder->stop();
+    updatePlaybackActions();
+    m_view->select(nullptr);
+    undoStack()->clear();
+    m_page->clearPage();
+    m_file.clear();
+    m_placed = 0;
+    undoStack()->setClean();
+    updateTitle();
+}
+
+bool BoardWindow::savePage(const QString &path)
+{
+    QString err;
+    if (!m_page->saveTo(path, &err)) {
+        fail(err);
+        return false;
+    }
+    m_file = path;
+    m_lastError.clear();
+    undoStack()->setClean();
+    statusBar()->showMessage(T("BOARD_SAVED").arg(QFileInfo(path).fileName()));
+    updateTitle();
+    return true;
+}
+
+bool BoardWindow::openPage(const QString &path)
+{
+    QList<CWBPhysicalObject *> loaded;
+    QString err;
+    if (!BoardPage::readFile(path, &loaded, &err)) {
+        fail(err);
+        return false;
+    }
+    m_recorder->cancel();
+    m_recorder->stop();
+    updatePlaybackActions();
+    m_view->select(nullptr);
+    undoStack()->clear();
+    m_page->replaceWith(loaded);
+    growPage();
+    m_file = path;
+    m_lastError.clear();
+    undoStack()->setClean();
+    statusBar()->showMessage(T("BOARD_OPENED").arg(QFileInfo(path).fileName()));
+    updateTitle();
+    return true;
+}
+
+bool BoardWindow::exportPage(const QString &path)
+{
+    const int n = m_page->objects().size();
+    QString err;
+    bool ok = false;
+    if (n >= kProgressThreshold) {
+        QProgressDialog progress(T("BOARD_EXPORTING"), T("BOARD_CANCEL"), 0, n, this);
+        progress.setObjectName(QStringLiteral("exportProgress"));
+        progress.setWindowModality(Qt::WindowModal);
+        progress.setMinimumDuration(0);
+        ok = m_page->exportPage(path, &err, [&progress](int done, int total) {
+            progress.setMaximum(total);
+            progress.setValue(done);
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+            return !progress.wasCanceled();
+        });
+    } else {
+        ok = m_page->exportPage(path, &err);
+    }
+    if (!ok) {
+        if (!err.isEmpty())
+            fail(err);
+        return false;
+    }
+    statusBar()->showMessage(T("BOARD_EXPORTED").arg(QFileInfo(path).fileName()));
+    return true;
+}
+
+bool BoardWindow::exportSelected(const QString &path)
+{
+    QString err;
+    if (!BoardPage::exportObject(m_view->selected(), path, &err)) {
+        fail(err);
+        return false;
+    }
+    statusBar()->showMessage(T("BOARD_EXPORTED").arg(QFileInfo(path).fileName()));
+    return true;
+}
+
+bool BoardWindow::confirmDiscard()
+{
+    if (undoStack()->isClean())
+        return true;
+    return QMessageBox::question(this, T("BOARD_TITLE"), T("BOARD_DISCARD")) == QMessageBox::Yes;
+}
+
+void BoardWindow::openInteractive()
+{
+    if (!confirmDiscard())
+        return;
+    const QString path = QFileDialog::getOpenFileName(this, T("BOARD_OPEN"), QString(), T("BOARD_PAGE_FILES"));
+    if (!path.isEmpty() && !openPage(path))
+        QMessageBox::warning(this, T("BOARD_ERROR"), m_lastError);
+}
+
+void BoardWindow::saveInteractive(bool askName)
+{
+    QString path = m_file;
+    if (askName || path.isEmpty())
+        path = QFileDialog::getSaveFileName(this, T("BOARD_SAVE_AS"), path, T("BOARD_PAGE_FILES"));
+    if (path.isEmpty())
+        return;
+    if (QFileInfo(path).suffix().isEmpty())
+        path += QStringLiteral(".phb");
+    if (!savePage(path))
+        QMessageBox::warning(this, T("BOARD_ERROR"), m_lastError);
+}
+
+void BoardWindow::exportInteractive(bool selectedOnly)
+{
+    if (selectedOnly && !m_view->selected())
+        return;
+    QString filter;
+    QString path = QFileDialog::getSaveFileName(this, selectedOnly ? T("BOARD_EXPORT_ITEM") : T("BOARD_EXPORT_PAGE"),
+                                                QString(), T("BOARD_EXPORT_FILES"), &filter);
+    if (path.isEmpty())
+        return;
+    if (QFileInfo(path).suffix().isEmpty())
+        path += filter.contains(QLatin1String("png")) ? QStringLiteral(".png") : QStringLiteral(".svg");
+    const bool ok = selectedOnly ? exportSelected(path) : exportPage(path);
+    if (!ok && !m_lastError.isEmpty())
+        QMessageBox::warning(this, T("BOARD_ERROR"), m_lastError);
+}
+
+void BoardWindow::fillDemoPage()
+{
+    struct Spot {
+        int type;
+        QPointF at;
+        double rotation;
+        const char *setting;
+    };
+    const Spot spots[] = {
+        {109, {230, 80}, 0, "idPosValue=30"},
+        {107, {150, 300}, -25, nullptr},
+        {202, {340, 330}, 0, nullptr},
+        {501, {470, 300}, 0, "idPosValue=60"},
+        {102, {610, 330}, 0, nullptr},
+    };
+    CWBPhysicalObject *last = nullptr;
+    for (const Spot &s : spots) {
+        CWBPhysicalObject *obj = BoardPage::create(s.type, true);
+        if (!obj)
+            continue;
+        if (s.setting) {
+            const QStringList kv = QString::fromLatin1(s.setting).split(QLatin1Char('='));
+            QMap<QString, QString> values{{kv[0], kv[1]}};
+            obj->content()->SetSettingArray(values, false, false);
+        }
+        obj->setRotation(s.rotation);
+        QTransform t;
+        t.rotate(s.rotation);
+        obj->setPos(s.at - t.map(obj->boundingRect().center()));
+        obj->setZValue(m_page->topZ() + 1);
+        m_page->insertObject(obj);
+        if (s.type == 202)
+            last = obj;
+    }
+    undoStack()->clear();
+    undoStack()->setClean();
+    m_view->select(last);
+    updateTitle();
+}

@@ -1,0 +1,98 @@
+#pragma once
+// The board's main window: toolbox, page, property panel, menus and files.
+#include <QMainWindow>
+#include <QSet>
+
+class BoardPage;
+class BoardView;
+class CWBPhysicalObject;
+class PropertyPanel;
+class Recorder;
+class Toolbox;
+class QAction;
+class QMenu;
+
+class BoardWindow : public QMainWindow
+{
+    Q_OBJECT
+public:
+    // Exports of at least this many objects show a progress dialog.
+    static constexpr int kProgressThreshold = 8;
+
+    explicit BoardWindow(QWidget *parent = nullptr);
+    ~BoardWindow() override;
+
+    BoardPage *page() const { return m_page; }
+    BoardView *view() const { return m_view; }
+    Toolbox *toolbox() const { return m_toolbox; }
+    PropertyPanel *panel() const { return m_panel; }
+
+    // Places a new apparatus centred on scenePos (one undo step); null for an id
+    // the library does not make.
+    CWBPhysicalObject *place(int typeId, const QPointF &scenePos);
+    CWBPhysicalObject *placeAtFreeSpot(int typeId);
+    void deleteSelected();
+    // A panel edit of the selected apparatus, as one undo step.
+    void applyEdit(const QString &id, const QString &value);
+    // A placement field of the panel: x, y, turn (about the centre) or scale in per cent.
+    void applyPlacement(int field, double value);
+
+    // File work without dialogs; on failure lastError() says why and nothing changed.
+    bool savePage(const QString &path);
+    bool openPage(const QString &path);
+    bool exportPage(const QString &path);
+    bool exportSelected(const QString &path);
+    void newPage();
+    // The apparatus's own capture and re-application of its state; a restore is one undo step.
+    bool captureSelected();
+    bool restoreSelected();
+    QString lastError() const { return m_lastError; }
+    QString currentFile() const { return m_file; }
+
+    Recorder *recorder() const { return m_recorder; }
+    void startRecording();
+    void stopRecording();
+    // Replays the recording on the page (which it replaces); 0 ms replays at once.
+    bool playBack(int intervalMs);
+
+    void setLanguage(int language);
+    // A page with several apparatus, for a first look and the README picture.
+    void fillDemoPage();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void buildMenus();
+    void retranslate();
+    void updateTitle();
+    void afterUndoRedo();
+    void onSelectionChanged(CWBPhysicalObject *obj);
+    bool confirmDiscard();
+    void fail(const QString &message);
+    void openInteractive();
+    void saveInteractive(bool askName);
+    void exportInteractive(bool selectedOnly);
+
+    BoardPage *m_page;
+    BoardView *m_view;
+    Toolbox *m_toolbox;
+    PropertyPanel *m_panel;
+    class QDockWidget *m_toolDock;
+    class QDockWidget *m_panelDock;
+    QMenu *m_fileMenu = nullptr, *m_editMenu = nullptr, *m_langMenu = nullptr;
+    QAction *m_new, *m_open, *m_save, *m_saveAs, *m_exportPage, *m_exportItem, *m_quit;
+    QAction *m_undo, *m_redo, *m_delete, *m_resetTransform, *m_english, *m_chinese;
+    QAction *m_capture, *m_restore;
+    QMenu *m_playMenu = nullptr;
+    QAction *m_record, *m_stopRecord, *m_play;
+    Recorder *m_recorder;
+    void updatePlaybackActions();
+    void setPlaying(bool on);
+    void growPage();
+    QSet<quint64> m_captured; // content serials that hold a captured state
+    QString m_file;
+    QString m_lastError;
+    int m_observer = 0;
+    int m_placed = 0;
+};

@@ -1,0 +1,79 @@
+#pragma once
+// Undo steps of the board itself: placing, removing and transforming apparatus,
+// and a whole-state step for panel edits the apparatus does not record itself.
+#include <QByteArray>
+#include <QPointF>
+#include <QUndoCommand>
+
+class BoardPage;
+class CWBPhysicalObject;
+
+struct ItemPlacement {
+    QPointF pos;
+    double rotation = 0;
+    double scale = 1;
+    bool operator==(const ItemPlacement &o) const { return pos == o.pos && rotation == o.rotation && scale == o.scale; }
+    bool operator!=(const ItemPlacement &o) const { return !(*this == o); }
+    static ItemPlacement of(const CWBPhysicalObject *obj);
+    void applyTo(CWBPhysicalObject *obj) const;
+};
+
+// Puts a new object on the page; while undone the command owns it.
+class AddObjectCmd : public QUndoCommand
+{
+public:
+    AddObjectCmd(BoardPage *page, CWBPhysicalObject *obj);
+    ~AddObjectCmd() override;
+    void undo() override;
+    void redo() override;
+
+private:
+    BoardPage *m_page;
+    CWBPhysicalObject *m_obj;
+    bool m_owns = true;
+};
+
+// Takes an object off the page; while done the command owns it.
+class RemoveObjectCmd : public QUndoCommand
+{
+public:
+    RemoveObjectCmd(BoardPage *page, CWBPhysicalObject *obj);
+    ~RemoveObjectCmd() override;
+    void undo() override;
+    void redo() override;
+
+private:
+    BoardPage *m_page;
+    CWBPhysicalObject *m_obj;
+    bool m_owns = false;
+};
+
+// Position, rotation and scale of one object, already applied when pushed.
+class PlaceObjectCmd : public QUndoCommand
+{
+public:
+    PlaceObjectCmd(CWBPhysicalObject *obj, const ItemPlacement &from, const ItemPlacement &to, const QString &text);
+    void undo() override;
+    void redo() override;
+
+private:
+    CWBPhysicalObject *m_obj;
+    ItemPlacement m_from, m_to;
+    bool m_first = true;
+};
+
+// The apparatus's whole saved state before and after a change, already made when pushed.
+class ObjectStateCmd : public QUndoCommand
+{
+public:
+    ObjectStateCmd(CWBPhysicalObject *obj, const QByteArray &before, const QByteArray &after);
+    void undo() override;
+    void redo() override;
+    static QByteArray stateOf(CWBPhysicalObject *obj);
+    static void restore(CWBPhysicalObject *obj, const QByteArray &state);
+
+private:
+    quint64 m_serial;
+    QByteArray m_before, m_after;
+    bool m_first = true;
+};

@@ -1,0 +1,74 @@
+#pragma once
+// The side panel of one apparatus, built from its settings array.
+#include <QJsonArray>
+#include <QMap>
+#include <QToolButton>
+#include <QWidget>
+
+class CWBPhysicalObject;
+class QDoubleSpinBox;
+class QFormLayout;
+class QGroupBox;
+class QLabel;
+
+// A swatch that opens a colour dialog; setColor is what a pick does.
+class ColorButton : public QToolButton
+{
+    Q_OBJECT
+public:
+    explicit ColorButton(QWidget *parent = nullptr);
+    QColor color() const { return m_color; }
+    void setColor(const QColor &c, bool notify);
+signals:
+    void colorPicked(const QColor &c);
+
+private:
+    void pick();
+    QColor m_color;
+};
+
+class PropertyPanel : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit PropertyPanel(QWidget *parent = nullptr);
+
+    CWBPhysicalObject *object() const { return m_obj; }
+    void setObject(CWBPhysicalObject *obj);
+    // Builds every editor anew from the apparatus's settings array.
+    void rebuild();
+    // Re-reads the values; rebuilds when the apparatus now offers other items.
+    void refreshValues();
+    // Message 100: {"settings":[{"id","value"}]} shown without editing anything.
+    void applyMessage(const QByteArray &json);
+
+    QWidget *editor(const QString &id) const { return m_editors.value(id); }
+    QLabel *labelOf(const QString &id) const { return m_labels.value(id); }
+    const QJsonArray &settings() const { return m_settings; }
+    bool wantsRefresh(const QString &id) const;
+    // Where the item stands: x, y, turn in degrees, scale in per cent.
+    QDoubleSpinBox *placementEditor(int field) const { return m_place[field]; }
+    enum PlacementField { PlaceX = 0, PlaceY, PlaceRotation, PlaceScale, PlaceCount };
+    void refreshPlacement();
+    void retranslate();
+
+signals:
+    // A value the user set, as the apparatus reads it back.
+    void edited(const QString &id, const QString &value);
+    void placementEdited(int field, double value);
+
+private:
+    QWidget *makeEditor(const QJsonObject &item);
+    void showValue(const QString &id, const QJsonValue &value);
+
+    CWBPhysicalObject *m_obj = nullptr;
+    QJsonArray m_settings;
+    QFormLayout *m_form;
+    QLabel *m_title;
+    QMap<QString, QWidget *> m_editors;
+    QMap<QString, QLabel *> m_labels;
+    bool m_showing = false;
+    QGroupBox *m_placeBox;
+    QFormLayout *m_placeForm;
+    QDoubleSpinBox *m_place[PlaceCount];
+};
