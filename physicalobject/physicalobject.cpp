@@ -8,6 +8,10 @@
 // electricity and magnetism
 
 // optics
+#include "optics/LensConcave.h"
+#include "optics/LensRaised.h"
+#include "optics/LensSemiConcave.h"
+#include "optics/LensSemiRaised.h"
 
 // circuit symbols
 
@@ -41,6 +45,10 @@ const Entry kTypes[] = {
     // electricity and magnetism
 
     // optics
+    {{600, "CLensRaised", "Convex lens"}, &make<CLensRaised>},
+    {{601, "CLensSemiRaised", "Half convex lens"}, &make<CLensSemiRaised>},
+    {{603, "CLensConcave", "Concave lens"}, &make<CLensConcave>},
+    {{604, "CLensSemiConcave", "Half concave lens"}, &make<CLensSemiConcave>},
 
     // circuit symbols
 };
