@@ -8,10 +8,12 @@
 // electricity and magnetism
 
 // optics
+#include "optics/Candle.h"
 #include "optics/LensConcave.h"
 #include "optics/LensRaised.h"
 #include "optics/LensSemiConcave.h"
 #include "optics/LensSemiRaised.h"
+#include "optics/OpticalBracket.h"
 
 // circuit symbols
 
@@ -49,6 +51,8 @@ const Entry kTypes[] = {
     {{601, "CLensSemiRaised", "Half convex lens"}, &make<CLensSemiRaised>},
     {{603, "CLensConcave", "Concave lens"}, &make<CLensConcave>},
     {{604, "CLensSemiConcave", "Half concave lens"}, &make<CLensSemiConcave>},
+    {{606, "COpticalBracket", "Optical bracket"}, &make<COpticalBracket>},
+    {{607, "CCandle", "Candle"}, &make<CCandle>},
 
     // circuit symbols
 };
