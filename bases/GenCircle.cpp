@@ -280,40 +280,104 @@ QPainterPath CGenCircle::restoreArcs(const QPainterPath &flat, const QVector<con
         return std::remainder(std::atan2(b.y() - c.c.y(), b.x() - c.c.x()) - std::atan2(a.y() - c.c.y(), a.x() - c.c.x()),
                               2 * kPi);
     };
+    // Split each polygon into pieces (an arc of one circle, or one straight segment),
+    // put the joints where the true shapes cross, then write arcs as cubics.
+    struct Piece {
+        int circle; // -1 for a straight segment
+        int from, to;
+    };
     QPainterPath out;
-    for (const QVector<QPointF> &poly : polygons) {
+    for (QVector<QPointF> poly : polygons) {
         const int n = poly.size();
         if (n < 2)
             continue;
-        out.moveTo(poly[0]);
-        int i = 0;
-        while (i < n - 1) {
+        QVector<Piece> pieces;
+        for (int i = 0; i < n - 1;) {
             const int k = circleOf(poly[i], poly[i + 1]);
-            if (k < 0) {
-                out.lineTo(poly[i + 1]);
-                ++i;
+            int j = i + 1;
+            while (k >= 0 && j < n - 1 && circleOf(poly[j], poly[j + 1]) == k)
+                ++j;
+            pieces.append({k, i, j});
+            i = j;
+        }
+        const bool closed = poly.first() == poly.last();
+        for (int p = 0; p < pieces.size(); ++p) {
+            const bool wraps = p + 1 == pieces.size();
+            if (wraps && !closed)
+                break;
+            const Piece &a = pieces[p], &b = pieces[wraps ? 0 : p + 1];
+            if (a.circle < 0 && b.circle < 0)
+                continue;
+            const QPointF v = poly[a.to];
+            QPointF best;
+            double bestDist = 0.05;
+            auto consider = [&](QPointF q) {
+                const double d = std::hypot(q.x() - v.x(), q.y() - v.y());
+                if (finite(q) && d < bestDist) {
+                    bestDist = d;
+                    best = q;
+                }
+            };
+            if (a.circle >= 0 && b.circle >= 0) {
+                if (a.circle == b.circle)
+                    continue;
+                const Circle &c1 = known[a.circle], &c2 = known[b.circle];
+                const QPointF dc = c2.c - c1.c;
+                const double d = std::hypot(dc.x(), dc.y());
+                if (!(d > 0))
+                    continue;
+                const double along = (d * d + c1.r * c1.r - c2.r * c2.r) / (2 * d);
+                const double h = std::sqrt(std::max(0.0, c1.r * c1.r - along * along));
+                const QPointF m = c1.c + dc * (along / d), perp(-dc.y() / d, dc.x() / d);
+                consider(m + perp * h);
+                consider(m - perp * h);
+            } else {
+                const Circle &c = known[a.circle >= 0 ? a.circle : b.circle];
+                const Piece &line = a.circle < 0 ? a : b;
+                const QPointF p0 = poly[line.from], dir = poly[line.to] - p0;
+                const double aa = QPointF::dotProduct(dir, dir);
+                if (!(aa > 0))
+                    continue;
+                const QPointF f = p0 - c.c;
+                const double bb = 2 * QPointF::dotProduct(f, dir), cc = QPointF::dotProduct(f, f) - c.r * c.r;
+                const double disc = bb * bb - 4 * aa * cc;
+                if (disc < 0)
+                    continue;
+                consider(p0 + dir * ((-bb + std::sqrt(disc)) / (2 * aa)));
+                consider(p0 + dir * ((-bb - std::sqrt(disc)) / (2 * aa)));
+            }
+            if (bestDist < 0.05) {
+                poly[a.to] = best;
+                if (wraps)
+                    poly[0] = best;
+            }
+        }
+        out.moveTo(poly[0]);
+        for (const Piece &piece : pieces) {
+            if (piece.circle < 0) {
+                out.lineTo(poly[piece.to]);
                 continue;
             }
-            const Circle &c = known[k];
-            double sweep = turn(c, poly[i], poly[i + 1]);
-            int j = i + 1;
-            while (j < n - 1 && circleOf(poly[j], poly[j + 1]) == k) {
-                sweep += turn(c, poly[j], poly[j + 1]);
-                ++j;
-            }
-            const double a0 = std::atan2(poly[i].y() - c.c.y(), poly[i].x() - c.c.x());
-            const int pieces = std::max(1, int(std::ceil(std::fabs(sweep) / kMaxArcStep)));
-            const double step = sweep / pieces;
+            const Circle &c = known[piece.circle];
+            double sweep = 0;
+            for (int i = piece.from; i < piece.to; ++i)
+                sweep += turn(c, poly[i], poly[i + 1]);
+            const QPointF start = poly[piece.from], end = poly[piece.to];
+            const double a0 = std::atan2(start.y() - c.c.y(), start.x() - c.c.x());
+            const double a1 = std::atan2(end.y() - c.c.y(), end.x() - c.c.x());
+            // The snapped ends define the arc; the walk only tells its way round.
+            sweep += std::remainder(a1 - (a0 + sweep), 2 * kPi);
+            const int count = std::max(1, int(std::ceil(std::fabs(sweep) / kMaxArcStep)));
+            const double step = sweep / count;
             const double kk = 4.0 / 3.0 * std::tan(step / 4);
-            for (int p = 0; p < pieces; ++p) {
-                const double s = a0 + p * step, e = s + step;
-                const QPointF p0 = p == 0 ? poly[i] : onCircle(c.c, c.r, s);
-                const QPointF p3 = p == pieces - 1 ? poly[j] : onCircle(c.c, c.r, e);
+            for (int q = 0; q < count; ++q) {
+                const double s = a0 + q * step, e = s + step;
+                const QPointF p0 = q == 0 ? start : onCircle(c.c, c.r, s);
+                const QPointF p3 = q == count - 1 ? end : onCircle(c.c, c.r, e);
                 const QPointF d0(-std::sin(s) * c.r * kk, std::cos(s) * c.r * kk);
                 const QPointF d3(-std::sin(e) * c.r * kk, std::cos(e) * c.r * kk);
                 out.cubicTo(p0 + d0, p3 - d3, p3);
             }
-            i = j;
         }
         out.closeSubpath();
     }
@@ -327,8 +391,10 @@ void CGenCircle::lensOutlineRegion()
         return;
     delete m_pOutlinePath;
     m_pOutlinePath = new QPainterPath;
-    m_pOutlinePath->addPath(lens->shape());
-    addAllControlPointsRegion(m_pOutlinePath);
+    // United rather than appended: overlapping parts must not cancel each other out.
+    QPainterPath handles;
+    addAllControlPointsRegion(&handles);
+    m_pOutlinePath->addPath(lens->shape().united(handles));
 }
 
 void CGenCircle::repaint()

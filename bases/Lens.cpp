@@ -19,6 +19,7 @@ bool CLens::loadSVG(bool bLoad)
             updateSVG(m_controlNodes.value(0), QPointF(0, 0), false);
         else
             genLensPath();
+        updateOutlineRegion();
     }
     return r;
 }
@@ -37,6 +38,8 @@ bool CLens::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
         adjustSvgPosition(QPointF(-offset.x(), -offset.y()), 2 * offset.x(), 2 * offset.y(), bFinal);
     else
         adjustSvgPosition(QPointF(0, 0), offset.x(), offset.y(), bFinal);
+    if (bFinal)
+        updateOutlineRegion();
     repaint();
     return true;
 }

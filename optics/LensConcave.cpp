@@ -37,6 +37,7 @@ void CLensConcave::SVGInit(bool, bool)
 {
     // The first outline is a drag of the corner handle where it stands.
     updateSVG(m_controlNodes.value(0), QPointF(0, 0), false);
+    updateOutlineRegion();
 }
 
 void CLensConcave::centreWaist()
@@ -71,6 +72,8 @@ bool CLensConcave::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
         adjustSvgPosition(QPointF(-offset.x(), -offset.y()), 2 * offset.x(), 2 * offset.y(), bFinal);
     else if (node == h3)
         adjustSvgPosition(QPointF(0, 0), offset.x(), offset.y(), bFinal);
+    if (bFinal)
+        updateOutlineRegion();
     repaint();
     if ((node == h1 || node == h2) && !m_bPosByCode)
         posChangedByControl();

@@ -60,6 +60,8 @@ bool CLensSemiConcave::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
     const double right = std::max({r1.right(), r2.right(), r3.right()});
     const double dx = left - vb.left();
     adjustSvgPosition(QPointF(dx, 0), right - vb.right() - dx, node == h3 ? offset.y() : 0, bFinal);
+    if (bFinal)
+        updateOutlineRegion();
     repaint();
     if ((node == h1 || node == h2) && !m_bPosByCode)
         posChangedByControl();

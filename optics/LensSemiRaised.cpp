@@ -66,6 +66,8 @@ bool CLensSemiRaised::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
     const double left = std::min(r1.left(), r2.left()), right = std::max(r1.right(), r2.right());
     const double dx = left - vb.left();
     adjustSvgPosition(QPointF(dx, -offset.y()), right - vb.right() - dx, 2 * offset.y(), bFinal);
+    if (bFinal)
+        updateOutlineRegion();
     repaint();
     if (node == h1 && !m_bPosByCode)
         posChangedByControl();
