@@ -34,7 +34,7 @@ QString COpticalBracket::getSVG()
                "<stop offset=\"1\" stop-color=\"#000000\"/></linearGradient>\n"
                "</defs>\n"
                "<g id=\"down_part\">\n"
-               "<path id=\"down1\" fill=\"url(#SVGID_4_)\" d=\"M4.155,70.998 v4.5 A25.584,4.666 0 0 0 55.323,75.498 v-4.5 Z\"/>\n"
+               "<path id=\"down1\" fill=\"url(#SVGID_4_)\" d=\"M4.155,70.998v4.5A25.584,4.666,0,0,0,55.323,75.498v-4.5Z\"/>\n"
                "<ellipse id=\"down2\" fill=\"url(#SVGID_1_)\" cx=\"29.739\" cy=\"70.998\" rx=\"25.584\" ry=\"4.666\"/>\n"
                "</g>\n"
                "<rect id=\"body\" fill=\"url(#SVGID_2_)\" x=\"28.389\" y=\"21.01\" width=\"2.701\" height=\"49.988\"/>\n"
