@@ -9,25 +9,25 @@ constexpr double kHalfPi = 1.5707963267948966;
 constexpr double kPi = 3.141592653589793;
 // Arc pieces of at most 30 degrees keep the cubic approximation within 4e-7 of the radius.
 constexpr double kMaxArcStep = kPi / 6;
+// How far a joint of the flattened outline may lie from where the true shapes cross.
+constexpr double kSnap = 0.5;
 
 bool finite(QPointF p) { return std::isfinite(p.x()) && std::isfinite(p.y()); }
 
 QPointF onCircle(QPointF c, double r, double a) { return QPointF(c.x() + r * std::cos(a), c.y() + r * std::sin(a)); }
 
-// Appends the arc from angle a0 to a1 (radians, y down) as cubic pieces; the current
-// point must already be at its start.
+// Appends the arc from angle a0 to a1 (radians, y down) as a polygon whose chords stay
+// within kFlatness of the circle; the current point must already be at its start.
+// Set operations flatten curves anyway, and coarse chords keep them cheap: the outline
+// gets its true arcs back afterwards.
+constexpr double kFlatness = 0.02;
+
 void addArc(QPainterPath &path, QPointF c, double r, double a0, double a1)
 {
-    const int n = std::max(1, int(std::ceil(std::fabs(a1 - a0) / kMaxArcStep)));
-    const double step = (a1 - a0) / n;
-    const double k = 4.0 / 3.0 * std::tan(step / 4);
-    for (int i = 0; i < n; ++i) {
-        const double s = a0 + i * step, e = s + step;
-        const QPointF p0 = onCircle(c, r, s), p3 = onCircle(c, r, e);
-        const QPointF d0(-std::sin(s) * r * k, std::cos(s) * r * k);
-        const QPointF d3(-std::sin(e) * r * k, std::cos(e) * r * k);
-        path.cubicTo(p0 + d0, p3 - d3, p3);
-    }
+    const double step = 2 * std::acos(std::max(-1.0, 1 - kFlatness / r));
+    const int n = std::min(4096, std::max(8, int(std::ceil(std::fabs(a1 - a0) / step))));
+    for (int i = 1; i <= n; ++i)
+        path.lineTo(onCircle(c, r, a0 + (a1 - a0) * i / n));
 }
 
 double distanceToRect(QPointF p, const QRectF &r)
@@ -160,7 +160,7 @@ QPainterPath CGenCircle::discPath(const QSvgNode *circle, const QRectF &area)
         path.addRect(area); // the area lies inside the disc
         return path;
     }
-    if (nearest == 0 || r <= 2 * std::max(area.width(), area.height())) {
+    if (nearest == 0) {
         path.moveTo(onCircle(c, r, 0));
         addArc(path, c, r, 0, 2 * kPi);
         path.closeSubpath();
@@ -268,10 +268,10 @@ QPainterPath CGenCircle::restoreArcs(const QPainterPath &flat, const QVector<con
         const double len = std::hypot(b.x() - a.x(), b.y() - a.y());
         for (int k = 0; k < known.size(); ++k) {
             const Circle &c = known[k];
-            const double tol = 0.02 + 1e-6 * c.r;
+            const double tol = 2 * kFlatness + 1e-6 * c.r;
             const double sagitta = c.r - std::sqrt(std::max(0.0, c.r * c.r - len * len / 4));
             if (std::fabs(std::hypot(a.x() - c.c.x(), a.y() - c.c.y()) - c.r) < tol &&
-                std::fabs(std::hypot(b.x() - c.c.x(), b.y() - c.c.y()) - c.r) < tol && sagitta < 0.05)
+                std::fabs(std::hypot(b.x() - c.c.x(), b.y() - c.c.y()) - c.r) < tol && sagitta < 4 * kFlatness)
                 return k;
         }
         return -1;
@@ -310,7 +310,7 @@ QPainterPath CGenCircle::restoreArcs(const QPainterPath &flat, const QVector<con
                 continue;
             const QPointF v = poly[a.to];
             QPointF best;
-            double bestDist = 0.05;
+            double bestDist = kSnap;
             auto consider = [&](QPointF q) {
                 const double d = std::hypot(q.x() - v.x(), q.y() - v.y());
                 if (finite(q) && d < bestDist) {
@@ -346,7 +346,7 @@ QPainterPath CGenCircle::restoreArcs(const QPainterPath &flat, const QVector<con
                 consider(p0 + dir * ((-bb + std::sqrt(disc)) / (2 * aa)));
                 consider(p0 + dir * ((-bb - std::sqrt(disc)) / (2 * aa)));
             }
-            if (bestDist < 0.05) {
+            if (bestDist < kSnap) {
                 poly[a.to] = best;
                 if (wraps)
                     poly[0] = best;

@@ -44,7 +44,7 @@ void CLensRaised::genLensPath()
     // Each disc only matters where the lens can be: around the tips and both vertices.
     const double w = std::max(std::fabs(c1.x()), std::fabs(c2.x()));
     const double h = std::max(std::fabs(c1.y()), std::fabs(c2.y()));
-    const double margin = std::max(w, h) + 1;
+    const double margin = 0.1 * std::max(w, h) + 2;
     const QRectF area(-w - margin, -h - margin, 2 * (w + margin), 2 * (h + margin));
     setLensPath(discPath(circle1, area).intersected(discPath(circle2, area)), {circle1, circle2});
 }
