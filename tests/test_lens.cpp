@@ -354,10 +354,14 @@ TEST_P(HalfLens, LeftRightLeftMirrorsAndRestoresTheHandles)
     expectClosedFiniteOutline(c);
     const QRectF lens = lensShape(c).boundingRect();
     EXPECT_LT(lens.center().x(), axis);
+    const QString leftSvg = svgText(c);
     setting(c, "idLensDirection", "0");
     EXPECT_EQ(rectOf(c, "control_1"), right1);
     EXPECT_EQ(rectOf(c, "control_2"), right2);
     EXPECT_TRUE(sameDocument(svgText(c), rightSvg));
+    setting(c, "idLensDirection", "1");
+    EXPECT_TRUE(sameDocument(svgText(c), leftSvg));
+    setting(c, "idLensDirection", "0");
     // Any other index keeps the direction.
     setting(c, "idLensDirection", "7");
     EXPECT_EQ(rectOf(c, "control_1"), right1);
