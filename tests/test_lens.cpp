@@ -96,7 +96,7 @@ TEST(GenCircle, AnglesWithinOneHundredthOfRightAngleAreHorizontal)
     EXPECT_NEAR(b, 3 - k * 2, 1e-12);
 }
 
-TEST(GenCircle, CrossingRuleKeepsItsPeculiarOutcomes)
+TEST(GenCircle, CrossingRuleKeepsItsOddOutcomes)
 {
     ObjPtr o = makeObject(600);
     auto *g = static_cast<CGenCircle *>(o->content());
