@@ -8,6 +8,12 @@
 // electricity and magnetism
 
 // optics
+#include "optics/Candle.h"
+#include "optics/LensConcave.h"
+#include "optics/LensRaised.h"
+#include "optics/LensSemiConcave.h"
+#include "optics/LensSemiRaised.h"
+#include "optics/OpticalBracket.h"
 
 // circuit symbols
 #include "circuit/ACMotorImage.h"
@@ -57,6 +63,12 @@ const Entry kTypes[] = {
     // electricity and magnetism
 
     // optics
+    {{600, "CLensRaised", "Convex lens"}, &make<CLensRaised>},
+    {{601, "CLensSemiRaised", "Half convex lens"}, &make<CLensSemiRaised>},
+    {{603, "CLensConcave", "Concave lens"}, &make<CLensConcave>},
+    {{604, "CLensSemiConcave", "Half concave lens"}, &make<CLensSemiConcave>},
+    {{606, "COpticalBracket", "Optical bracket"}, &make<COpticalBracket>},
+    {{607, "CCandle", "Candle"}, &make<CCandle>},
 
     // circuit symbols
     {{602, "CLensRaisedImage", "Convex lens symbol"}, &make<CLensRaisedImage>},

@@ -41,6 +41,28 @@ const Scene kScenes[] = {
     // electricity and magnetism
 
     // optics
+    {600, "thick", "taller, then thickness 100 %", "drag control_2 0 60 --final;set idPosValue=100"},
+    {600, "thin", "thickness 0 %", "set idPosValue=0"},
+    {601, "thick", "thickness 100 %: the arc is a semicircle", "set idPosValue=100"},
+    {601, "thin", "thickness 0 %", "set idPosValue=0"},
+    {601, "left", "facing left", "set idLensDirection=1"},
+    {601, "leftthick", "facing left, taller and thickness 100 %", "set idLensDirection=1;drag control_2 0 40 --final;set idPosValue=100"},
+    {603, "thick", "corners out and taller: thick edges", "drag control_1 25 0 --final;drag control_3 0 40 --final"},
+    {603, "deep", "thickness 0 %: the arcs meet at the waist", "set idPosValue=0"},
+    {603, "thin", "thickness 90 %: nearly flat faces", "set idPosValue=90"},
+    {604, "thick", "corner out and taller: thick edge", "drag control_1 25 0 --final;drag control_3 0 40 --final"},
+    {604, "thin", "thickness 90 %: nearly flat face", "set idPosValue=90"},
+    {604, "left", "facing left", "set idLensDirection=1"},
+    {604, "leftdeep", "facing left, thickness 0 %", "set idLensDirection=1;set idPosValue=0"},
+    {606, "turn45", "holder turned 45 degrees clockwise", "set idBracketDirection=1"},
+    {606, "side", "holder seen from the side", "set idBracketDirection=2"},
+    {606, "turnback45", "holder turned 45 degrees counter-clockwise", "set idBracketDirection=3"},
+    {606, "tall", "height 100 %, holder from the front", "set idPosValue=100"},
+    {606, "tallturn45", "height 100 %, turned 45 degrees clockwise", "set idPosValue=100;set idBracketDirection=1"},
+    {606, "tallside", "height 100 %, seen from the side", "set idPosValue=100;set idBracketDirection=2"},
+    {606, "tallturnback45", "height 100 %, turned 45 degrees counter-clockwise", "set idPosValue=100;set idBracketDirection=3"},
+    {607, "short", "height 0 %: the shortest body", "set idPosValue=0"},
+    {607, "tall", "height 100 %: the tallest body", "set idPosValue=100"},
 
     // circuit symbols
     {700, "longlabel", "a long label: the item widens to fit it", "set idTextContent=E=1.5V,internal_r=0.5ohm idTextColor=#c00000"},
