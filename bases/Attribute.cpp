@@ -37,7 +37,9 @@ bool CAttribute::load(QDataStream &in)
     const QMap<int, DATA_MAP_STRUCT> defaults = m_attributes;
     for (auto it = defaults.cbegin(); it != defaults.cend(); ++it) {
         DATA_MAP_STRUCT a;
-        in >> a.propId >> a.dataType >> a.name >> a.color >> a.boolValue >> a.intValue;
+        in >> a.propId >> a.dataType >> a.name;
+        readColor(in, a.color);
+        in >> a.boolValue >> a.intValue;
         m_attributes.insert(it.key(), a);
     }
     const bool r = in.status() == QDataStream::Ok && CSVGBase::load(in);
@@ -73,7 +75,7 @@ bool CAttribute::setInnerProperty(int id, QDataStream &in, bool bRecord, bool bU
     switch (a.dataType) {
     case 3: {
         QColor c;
-        in >> c;
+        readColor(in, c);
         if (bUndo) {
             auto *cmd = new CSVGBaseUndoCmd(this, a.propId, nullptr, true);
             cmd->setColor(a.color, c);

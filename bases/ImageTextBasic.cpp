@@ -104,7 +104,8 @@ bool CImageTextBasic::load(QDataStream &in)
     const QRectF oldViewBox = m_pDocument ? viewBoxOf(m_pDocument) : QRectF();
     QString text;
     QColor color;
-    in >> text >> color;
+    in >> text;
+    readColor(in, color);
     if (in.status() == QDataStream::Ok) {
         m_strText = text;
         m_textColor = color;
@@ -192,7 +193,7 @@ bool CImageTextBasic::setInnerProperty(int id, QDataStream &in, bool bRecord, bo
     }
     if (id == m_nColorAttrId) {
         QColor color;
-        in >> color;
+        readColor(in, color);
         if (bUndo) {
             auto *cmd = new CSVGBaseUndoCmd(this, m_nColorPropId, nullptr, true);
             cmd->setColor(m_textColor, color);

@@ -57,6 +57,32 @@ void CSVGBase::clearPropItems()
 
 // ------------------------------------------------------------- persistence
 
+QDataStream &readColor(QDataStream &in, QColor &color)
+{
+    color = QColor();
+    if (in.version() < QDataStream::Qt_4_0) { // an RGB value then, nothing to check
+        in >> color;
+        return in;
+    }
+    // specification, alpha, red, green, blue, padding
+    constexpr int kSize = 1 + 5 * 2;
+    char raw[kSize];
+    if (in.readRawData(raw, kSize) != kSize) {
+        in.setStatus(QDataStream::ReadPastEnd);
+        return in;
+    }
+    const qint8 kind = qint8(raw[0]);
+    if (kind < QColor::Invalid || kind > QColor::ExtendedRgb) {
+        in.setStatus(QDataStream::ReadCorruptData);
+        return in;
+    }
+    QDataStream part(QByteArray::fromRawData(raw, kSize));
+    part.setVersion(in.version());
+    part.setByteOrder(in.byteOrder());
+    part >> color;
+    return in;
+}
+
 bool CSVGBase::save(QDataStream &out)
 {
     out << kStreamMagic << kStreamVersion;
@@ -87,7 +113,12 @@ bool CSVGBase::load(QDataStream &in)
     QSizeF itemSize;
     QRectF vb;
     quint32 count = 0;
-    in >> host >> lamp >> pen >> penStyle >> penWidth >> fill >> fillOn >> external >> itemSize >> vb >> count;
+    readColor(in, host);
+    readColor(in, lamp);
+    readColor(in, pen);
+    in >> penStyle >> penWidth;
+    readColor(in, fill);
+    in >> fillOn >> external >> itemSize >> vb >> count;
     // A stream is only trusted as far as it matches what this apparatus can be.
     if (in.status() != QDataStream::Ok || count != quint32(m_controlNodes.size()) || penStyle < 0 ||
         penStyle > Qt::CustomDashLine || penWidth < 0 || penWidth > 1000) {
@@ -389,7 +420,7 @@ bool CSVGBase::getInnerProperty(int id, QDataStream &out)
 bool CSVGBase::setHostColor(int id, QColor &slot, QDataStream &in, bool bRecord, bool bUndo)
 {
     QColor c;
-    in >> c;
+    readColor(in, c);
     if (bUndo) {
         auto *cmd = new CSVGBaseUndoCmd(this, id, nullptr, true);
         cmd->setColor(slot, c);

@@ -252,6 +252,40 @@ TEST_F(ProbeFixture, AttributeStreamRoundTrips)
     EXPECT_EQ(copy.calls, (QStringList{"Color0", "Check0", "Combo0"}));
 }
 
+// A flipped byte in a saved colour must not reach Qt as an unknown colour kind.
+TEST_F(ProbeFixture, UnknownColourKindInAStreamIsRefused)
+{
+    QByteArray bytes = saveBytes(&probe);
+    // The first entry's colour follows its prop id, data type and name.
+    QDataStream peek(bytes);
+    qint32 propId = 0, type = 0;
+    QString name;
+    peek >> propId >> type >> name;
+    const int colourAt = int(peek.device()->pos());
+    bytes[colourAt] = char(42);
+
+    CSVGObj owner2(0, false);
+    Probe copy(&owner2);
+    copy.loadSVG(true);
+    QDataStream s(bytes);
+    EXPECT_FALSE(copy.load(s));
+    EXPECT_EQ(s.status(), QDataStream::ReadCorruptData);
+    EXPECT_EQ(copy.attributes()[5100].color, probe.attributes()[5100].color);
+
+    for (const QColor &c : {QColor(Qt::green), QColor::fromHsv(120, 40, 200, 90), QColor::fromCmykF(0.1, 0.2, 0.3, 0.4), QColor()}) {
+        QByteArray b;
+        {
+            QDataStream out(&b, QIODevice::WriteOnly);
+            out << c;
+        }
+        QDataStream in(b);
+        QColor back(Qt::red);
+        readColor(in, back);
+        EXPECT_EQ(in.status(), QDataStream::Ok);
+        EXPECT_EQ(back, c);
+    }
+}
+
 TEST_F(ProbeFixture, ResizeWithoutCornersUsesTheLopsidedStart)
 {
     probe.Resize(true);
