@@ -250,8 +250,6 @@ bool CSVGBase::loadSVG(bool)
     m_controlNodes.clear();
     m_pHitHandle = nullptr;
     m_dragHandle = -1;
-    m_templateFill.clear();
-    m_templateStroke.clear();
     clearPropItems();
     // Content classes without a loader of their own (the fixed symbols) get their template here.
     if (!m_pDocument)
@@ -469,31 +467,59 @@ void CSVGBase::getOutlinePath(QPainterPath *path)
         *path = *m_pOutlinePath;
 }
 
-// The host colours recolour the drawing's own shapes (not the handles), remembering
-// the template's paint so that clearing the colour gives the original look back.
+// The host colours recolour the drawing's own shapes, never the handles. 5002 is the
+// drawing's colour: it paints the fill of filled shapes and the stroke of shapes drawn
+// by their outline alone. 5005 is the light colour: it fills the shapes the template
+// marks host_color="light" (a lamp's bulb), whose outline keeps following 5002. Nodes
+// an apparatus colours itself opt out with setFillEnabled/setStrokeEnabled(false).
+// The replaced paint stays on the node, so clearing a colour gives the template's back.
 void CSVGBase::applyHostColors()
 {
     if (!m_pDocument)
         return;
-    forEachNode(m_pDocument, [this](QSvgNode *n) {
-        const QString id = n->nodeId();
-        if (!isShape(n) || id.isEmpty() || id.startsWith(QLatin1String("control_")))
+    // Paint as the template gave it, inheritance and SVG defaults included.
+    auto templatePaint = [](const QSvgNode *n, bool stroke) {
+        const QString prop = stroke ? QStringLiteral("stroke") : QStringLiteral("fill");
+        for (const QSvgNode *p = n; p; p = p->parent()) {
+            const QString &saved = p->hostSavedPaint(stroke);
+            const QString v = !saved.isNull() ? saved : p->styleProperty(prop);
+            if (!v.isEmpty() && v != QLatin1String("inherit"))
+                return v;
+        }
+        return stroke ? QStringLiteral("none") : QStringLiteral("black");
+    };
+    auto painted = [](const QString &v) { return v != QLatin1String("none") && !v.startsWith(QLatin1String("url(")); };
+    forEachNode(m_pDocument, [&](QSvgNode *n) {
+        if (!isShape(n) || n->nodeId().startsWith(QLatin1String("control_")))
             return;
-        auto apply = [&](QHash<QString, QString> &saved, const QColor &c, const QString &prop) {
-            const QString current = n->styleProperty(prop);
+        auto apply = [n](bool stroke, const QColor &c) {
+            const QString prop = stroke ? QStringLiteral("stroke") : QStringLiteral("fill");
+            const QString saved = n->hostSavedPaint(stroke);
             if (c.isValid()) {
-                if (current.isEmpty() || current == QLatin1String("none") || current.startsWith(QLatin1String("url(")))
-                    return;
-                if (!saved.contains(id))
-                    saved.insert(id, current);
+                if (saved.isNull())
+                    n->setHostSavedPaint(stroke, n->styleProperty(prop).isNull() ? QStringLiteral("") : n->styleProperty(prop));
                 n->setStyleProperty(prop, c.name());
-            } else if (saved.contains(id)) {
-                n->setStyleProperty(prop, saved.take(id));
+            } else if (!saved.isNull()) {
+                if (saved.isEmpty())
+                    n->removeAttribute(prop);
+                else
+                    n->setStyleProperty(prop, saved);
+                n->setHostSavedPaint(stroke, QString());
             }
         };
-        if (n->type() != QSvgNode::Line)
-            apply(m_templateFill, m_hostColor, QStringLiteral("fill"));
-        apply(m_templateStroke, m_lampColor, QStringLiteral("stroke"));
+        const bool filled = n->type() != QSvgNode::Line && painted(templatePaint(n, false));
+        const bool outlined = painted(templatePaint(n, true));
+        if (n->attribute(QStringLiteral("host_color")) == QLatin1String("light")) {
+            if (filled && n->fillEnabled())
+                apply(false, m_lampColor);
+            if (outlined && n->strokeEnabled())
+                apply(true, m_hostColor);
+        } else if (filled) {
+            if (n->fillEnabled())
+                apply(false, m_hostColor);
+        } else if (outlined && n->strokeEnabled()) {
+            apply(true, m_hostColor);
+        }
     });
 }
 

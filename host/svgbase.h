@@ -152,10 +152,9 @@ private:
 
     quint64 m_serial;
     QSvgNode *m_pHitHandle = nullptr;
-    QColor m_hostColor;             // 5002: fill of the drawing's shapes
-    QColor m_lampColor;             // 5005: stroke of the drawing's shapes
+    QColor m_hostColor;             // 5002: the drawing's colour
+    QColor m_lampColor;             // 5005: the light colour (a lamp's bulb)
     QColor m_capturedHostColor;
-    QHash<QString, QString> m_templateFill, m_templateStroke;
     QColor m_penColor = Qt::black;
     Qt::PenStyle m_penStyle = Qt::SolidLine;
     int m_penWidth = 1;

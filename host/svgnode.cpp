@@ -192,6 +192,8 @@ std::unique_ptr<QSvgNode> QSvgNode::clone() const
     c->m_strokeEnabled = m_strokeEnabled;
     c->m_fillEnabled = m_fillEnabled;
     c->m_3dBack = m_3dBack;
+    c->m_savedFill = m_savedFill;
+    c->m_savedStroke = m_savedStroke;
     c->m_cloneSource = const_cast<QSvgNode *>(this);
     for (const auto &child : m_children) {
         auto cc = child->clone();

@@ -60,6 +60,10 @@ public:
     bool fillEnabled() const { return m_fillEnabled; }
     void setFillEnabled(bool on) { m_fillEnabled = on; }
     bool is3DBack() const { return m_3dBack; }
+    // The paint a host colour replaced, kept so that clearing the colour restores it:
+    // null when the node is not recoloured, empty when it had no paint of its own.
+    const QString &hostSavedPaint(bool stroke) const { return stroke ? m_savedStroke : m_savedFill; }
+    void setHostSavedPaint(bool stroke, const QString &paint) { (stroke ? m_savedStroke : m_savedFill) = paint; }
     void set3DBack(bool on) { m_3dBack = on; }
 
     // --- paint ------------------------------------------------------------
@@ -113,6 +117,7 @@ private:
     bool m_strokeEnabled = true;
     bool m_fillEnabled = true;
     bool m_3dBack = false;
+    QString m_savedFill, m_savedStroke;
     QSvgNode *m_parent = nullptr;
     QSvgNode *m_cloneSource = nullptr;
     std::vector<std::unique_ptr<QSvgNode>> m_children;
