@@ -12,6 +12,7 @@
 #include "electromagnetism/MeterElectric.h"
 #include "electromagnetism/MeterVolt.h"
 #include "electromagnetism/Switch.h"
+#include "electromagnetism/Wire.h"
 
 // optics
 
@@ -51,6 +52,7 @@ const Entry kTypes[] = {
     {{404, "CMeterVolt", "Voltmeter"}, &make<CMeterVolt>},
     {{405, "CMeterElectric", "Galvanometer"}, &make<CMeterElectric>},
     {{406, "CMeterCustom", "Meter with a 0 to 6 scale"}, &make<CMeterCustom>},
+    {{500, "CWire", "Wire"}, &make<CWire>},
 
     // optics
 
