@@ -93,7 +93,17 @@ QColor parsePaintColor(const QString &v)
 
 // Attribute names are looked up on every step of a drag; most candidates differ in
 // length, which is checked here without a call into QtCore.
-inline bool sameName(const QString &a, const QString &b) { return a.size() == b.size() && a == b; }
+inline bool sameName(const QString &a, const QString &b)
+{
+    const int n = a.size();
+    if (n != b.size())
+        return false;
+    const QChar *x = a.constData(), *y = b.constData();
+    for (int i = 0; i < n; ++i)
+        if (x[i] != y[i])
+            return false;
+    return true;
+}
 
 // ---------------------------------------------------------------- numbers
 
@@ -339,20 +349,21 @@ void QSvgNode::setAttribute(const QString &name, const QString &value)
         return;
     }
     QString oldId;
-    const bool isId = name == kId;
+    const bool isId = sameName(name, kId);
     if (isId)
         oldId = nodeId();
     bool found = false;
     for (Attr &a : m_attrs) {
         if (sameName(a.name, name)) {
             a.value = value;
+            a.numberState = 0;
             found = true;
             break;
         }
     }
     if (!found)
         m_attrs.append({name, value});
-    if (name == kStyle)
+    if (sameName(name, kStyle))
         m_style = parseStyle(value);
     if (isId && oldId != value) {
         if (QSvgTinyDocument *doc = document())
@@ -382,13 +393,14 @@ double QSvgNode::numAttribute(const QString &name, double fallback) const
 {
     for (const Attr &a : m_attrs) {
         if (sameName(a.name, name)) {
-            const QChar *p = a.value.constData();
-            double v = 0;
-            if (readNumber(p, p + a.value.size(), v))
-                return v;
-            bool ok = false;
-            const double d = a.value.trimmed().toDouble(&ok); // NaN, Infinity
-            return ok ? d : fallback;
+            if (a.numberState == 0) {
+                const QChar *p = a.value.constData();
+                bool ok = readNumber(p, p + a.value.size(), a.number);
+                if (!ok)
+                    a.number = a.value.trimmed().toDouble(&ok); // NaN, Infinity
+                a.numberState = ok ? 1 : 2;
+            }
+            return a.numberState == 1 ? a.number : fallback;
         }
     }
     return fallback;
@@ -441,13 +453,17 @@ void QSvgNode::translate(double, double) {}
 
 void QSvgNode::translateNumAttr(const char *name, double d)
 {
-    const QString n = QLatin1String(name);
-    setNumAttribute(n, numAttribute(n) + d);
+    translateNumAttr(QString(QLatin1String(name)), d);
+}
+
+void QSvgNode::translateNumAttr(const QString &name, double d)
+{
+    setNumAttribute(name, numAttribute(name) + d);
 }
 
 void QSvgNode::attributeChanged(const QString &name)
 {
-    if (name == kTransform || name == kRotateAngle || name == kRotateX || name == kRotateY)
+    if (sameName(name, kTransform) || sameName(name, kRotateAngle) || sameName(name, kRotateX) || sameName(name, kRotateY))
         m_transformValid = false;
 }
 
@@ -581,8 +597,8 @@ QPainterPath QSvgRect::shape() const
 
 void QSvgRect::translate(double dx, double dy)
 {
-    translateNumAttr("x", dx);
-    translateNumAttr("y", dy);
+    translateNumAttr(QStringLiteral("x"), dx);
+    translateNumAttr(QStringLiteral("y"), dy);
 }
 
 QRectF QSvgLine::rect() const
@@ -602,10 +618,10 @@ QPainterPath QSvgLine::shape() const
 
 void QSvgLine::translate(double dx, double dy)
 {
-    translateNumAttr("x1", dx);
-    translateNumAttr("x2", dx);
-    translateNumAttr("y1", dy);
-    translateNumAttr("y2", dy);
+    translateNumAttr(QStringLiteral("x1"), dx);
+    translateNumAttr(QStringLiteral("x2"), dx);
+    translateNumAttr(QStringLiteral("y1"), dy);
+    translateNumAttr(QStringLiteral("y2"), dy);
 }
 
 QRectF QSvgEllipse::rect() const
@@ -632,8 +648,8 @@ QPainterPath QSvgEllipse::shape() const
 
 void QSvgEllipse::translate(double dx, double dy)
 {
-    translateNumAttr("cx", dx);
-    translateNumAttr("cy", dy);
+    translateNumAttr(QStringLiteral("cx"), dx);
+    translateNumAttr(QStringLiteral("cy"), dy);
 }
 
 const QPainterPath &QSvgPath::path() const
@@ -754,8 +770,8 @@ QRectF QSvgText::rect() const
 
 void QSvgText::translate(double dx, double dy)
 {
-    translateNumAttr("x", dx);
-    translateNumAttr("y", dy);
+    translateNumAttr(QStringLiteral("x"), dx);
+    translateNumAttr(QStringLiteral("y"), dy);
 }
 
 void QSvgText::attributeChanged(const QString &name) { QSvgNode::attributeChanged(name); }
