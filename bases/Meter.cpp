@@ -1,8 +1,5 @@
 #include "Meter.h"
 #include "physicalobject/physicalobject.h"
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <cmath>
 #include <framework.h>
 #include <svgobj.h>
@@ -51,13 +48,11 @@ bool CMeter::loadSVG(bool bLoad)
     return r;
 }
 
-void CMeter::placeHandle(QSvgNode *handle, QSvgNode *pointer, double angle)
+void CMeter::placeHandle(QSvgNode *handle, QPointF pivot, QSizeF size, double angle)
 {
     const double r = angle * 3.141592653589793 / 180;
-    const double cx = pointer->numAttribute(QStringLiteral("rotate_x"));
-    const double cy = pointer->numAttribute(QStringLiteral("rotate_y"));
-    handle->setNumAttribute(QStringLiteral("x"), cx + std::sin(r) * handleRadius - handle->numAttribute(QStringLiteral("width")) * 0.5);
-    handle->setNumAttribute(QStringLiteral("y"), cy - std::cos(r) * handleRadius - handle->numAttribute(QStringLiteral("height")) * 0.5);
+    handle->setNumAttribute(QStringLiteral("x"), pivot.x() + std::sin(r) * handleRadius - size.width() * 0.5);
+    handle->setNumAttribute(QStringLiteral("y"), pivot.y() - std::cos(r) * handleRadius - size.height() * 0.5);
 }
 
 bool CMeter::updateSVG(QSvgNode *node, QPointF, bool)
@@ -72,7 +67,8 @@ bool CMeter::updateSVG(QSvgNode *node, QPointF, bool)
     const double to = pointer->numAttribute(QStringLiteral("rotate_to"));
     const double cy = pointer->numAttribute(QStringLiteral("rotate_y"));
     const double cx = pointer->numAttribute(QStringLiteral("rotate_x"));
-    const QPointF h = node->rect().center();
+    const QRectF hr = node->rect();
+    const QPointF h = hr.center();
     if (!std::isfinite(h.x()) || !std::isfinite(h.y()))
         return false;
     const double d = getCirclePointDegree(h, QPointF(cx, cy));
@@ -97,7 +93,7 @@ bool CMeter::updateSVG(QSvgNode *node, QPointF, bool)
         maxAngle = to;
     }
     currentAngle = angle;
-    placeHandle(node, pointer, angle);
+    placeHandle(node, QPointF(cx, cy), hr.size(), angle);
     if (m_pOwner)
         m_pOwner->update(QRectF());
     if (wasInitialized)
@@ -122,7 +118,8 @@ void CMeter::setAngel(double angle)
     // Written so that a NaN lands on the left end.
     angle = qMax(minAngle, qMin(maxAngle, angle));
     pointer->setNumAttribute(kRotateAngle, angle);
-    placeHandle(handle, pointer, angle);
+    placeHandle(handle, QPointF(pointer->numAttribute(QStringLiteral("rotate_x")), pointer->numAttribute(QStringLiteral("rotate_y"))),
+                handle->rect().size(), angle);
     if (m_pOwner)
         m_pOwner->update(QRectF());
 }
@@ -144,9 +141,8 @@ bool CMeter::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 
 void CMeter::postSetting(const QString &key, const QString &value)
 {
-    QJsonObject item{{QStringLiteral("id"), key}, {QStringLiteral("value"), value}};
-    QJsonObject root{{QStringLiteral("settings"), QJsonArray{item}}};
-    const QByteArray json = QJsonDocument(root).toJson();
+    // Written by hand: it goes out on every step of a drag. Keys and readings need no escaping.
+    const QByteArray json = "{\"settings\":[{\"id\":\"" + key.toLatin1() + "\",\"value\":\"" + value.toLatin1() + "\"}]}";
     GetFramework()->PostMessage(CFramework::MSG_SETTINGS_CHANGED, 0, &json, -1);
 }
 

@@ -33,7 +33,7 @@ protected:
     // Posts {"settings":[{"id": key, "value": value}]} to the panel (message 100).
     void postSetting(const QString &key, const QString &value);
     // Puts the handle on its circle at the given pointer angle.
-    void placeHandle(QSvgNode *handle, QSvgNode *pointer, double angle);
+    void placeHandle(QSvgNode *handle, QPointF pivot, QSizeF size, double angle);
     // A typed reading: currentAngle keeps the angle unclamped, the pointer stops at the arc's end.
     void setTypedAngle(double angle);
     // Range switch between two ranges five times apart, keeping the reading. The angle

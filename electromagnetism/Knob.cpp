@@ -105,7 +105,8 @@ bool CKnob::updateSVG(QSvgNode *node, QPointF, bool)
     QSvgNode *line = m_pDocument->namedNode(QStringLiteral("line"));
     if (!knob || !line)
         return false;
-    const QPointF h = node->rect().center();
+    const QRectF hr = node->rect();
+    const QPointF h = hr.center();
     const QPointF d = m_pDocument->cachedBounds().center();
     if (!std::isfinite(h.x()) || !std::isfinite(h.y()))
         return false;
@@ -127,8 +128,8 @@ bool CKnob::updateSVG(QSvgNode *node, QPointF, bool)
     const double deg = theta * 180 / kPi;
     const double turn = deg <= 270 + 1e-7 ? 90 - deg : 450 - deg;
     knob->setNumAttribute(QStringLiteral("rotate_angle"), turn);
-    node->setNumAttribute(QStringLiteral("x"), d.x() + std::cos(theta) * knobRadius - node->numAttribute(QStringLiteral("width")) * 0.5);
-    node->setNumAttribute(QStringLiteral("y"), d.y() - std::sin(theta) * knobRadius - node->numAttribute(QStringLiteral("height")) * 0.5);
+    node->setNumAttribute(QStringLiteral("x"), d.x() + std::cos(theta) * knobRadius - hr.width() * 0.5);
+    node->setNumAttribute(QStringLiteral("y"), d.y() - std::sin(theta) * knobRadius - hr.height() * 0.5);
     if (m_pOwner)
         m_pOwner->update(QRectF());
     return true;
