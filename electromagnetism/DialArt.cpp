@@ -53,7 +53,9 @@ const char *glyph(const char *key)
 
 constexpr double kCx = 107, kCy = 143;  // the pointer's pivot
 constexpr double kArc = 51;             // half the scale, degrees
-constexpr double kArcRadius = 100;
+constexpr double kArcRadius = 106;
+constexpr double kOuterFigureRadius = 120;  // the pointer reaches 114
+constexpr double kOuterFigureArc = 49.5;
 constexpr double kPi = 3.141592653589793;
 
 QString num(double v) { return QString::number(std::round(v * 1000) / 1000, 'g', 8); }
@@ -87,12 +89,12 @@ QString DialArt::meterSvg(const Dial &dial)
     s += QStringLiteral("<rect id=\"case\" x=\"1\" y=\"1\" width=\"%1\" height=\"%2\" rx=\"14\" ry=\"14\" fill=\"#2E3A4A\""
                         " stroke=\"#141A22\" stroke-width=\"2\"/>\n")
              .arg(num(w - 2), num(h - 2));
-    s += QStringLiteral("<rect x=\"5\" y=\"5\" width=\"%1\" height=\"%2\" rx=\"11\" ry=\"11\" fill=\"none\""
-                        " stroke=\"#4E5D70\" stroke-width=\"1.5\"/>\n")
-             .arg(num(w - 10), num(h - 10));
-    s += QStringLiteral("<rect x=\"11\" y=\"11\" width=\"%1\" height=\"144\" rx=\"7\" ry=\"7\" fill=\"url(#faceShade)\""
+    s += QStringLiteral("<rect x=\"4\" y=\"4\" width=\"%1\" height=\"%2\" rx=\"11\" ry=\"11\" fill=\"none\""
+                        " stroke=\"#4E5D70\" stroke-width=\"1.2\"/>\n")
+             .arg(num(w - 8), num(h - 8));
+    s += QStringLiteral("<rect x=\"7\" y=\"8\" width=\"%1\" height=\"147\" rx=\"7\" ry=\"7\" fill=\"url(#faceShade)\""
                         " stroke=\"#10151C\" stroke-width=\"1.5\"/>\n")
-             .arg(num(w - 22));
+             .arg(num(w - 14));
 
     // Scale: the arc, then the ticks inward from it.
     const QPointF a0 = onDial(-kArc, kArcRadius), a1 = onDial(kArc, kArcRadius);
@@ -109,8 +111,16 @@ QString DialArt::meterSvg(const Dial &dial)
     }
     s += QStringLiteral("<path fill=\"none\" stroke=\"#1E1E1E\" stroke-width=\"0.9\" d=\"%1\"/>\n").arg(minor);
     s += QStringLiteral("<path fill=\"none\" stroke=\"#1E1E1E\" stroke-width=\"1.5\" d=\"%1\"/>\n").arg(major);
+    // Outer figures sit beyond the pointer's tip, so the pointer never crosses them;
+    // the end ones lean in a little to stay on the face.
+    int widest = 1;
     for (const DialArt::Figure &f : dial.outer)
-        s += placed(f.glyph, onDial(-kArc + 2 * kArc * f.division / dial.divisions, kArcRadius + 8), "#1E1E1E");
+        widest = qMax(widest, int(qstrlen(f.glyph)));
+    const double lean = kOuterFigureArc - 1.5 * (widest - 1); // wider figures lean further
+    for (const DialArt::Figure &f : dial.outer) {
+        const double deg = qBound(-lean, -kArc + 2 * kArc * f.division / dial.divisions, lean);
+        s += placed(f.glyph, onDial(deg, kOuterFigureRadius), "#1E1E1E");
+    }
     for (const DialArt::Figure &f : dial.inner)
         s += placed(f.glyph, onDial(-kArc + 2 * kArc * f.division / dial.divisions, kArcRadius - 20), "#3B4F8C");
     if (dial.unit)

@@ -16,7 +16,7 @@ struct Dial {
     int divisions;            // ticks from one end of the arc to the other, minus one
     int majorEvery, midEvery; // long and middle ticks
     QVector<Figure> outer;    // figures outside the arc
-    QVector<Figure> inner;    // figures inside the ticks (second range)
+    QVector<Figure> inner;    // figures inside the ticks (second range; its zero is the outer one)
     const char *unit;         // glyph key of the unit letter, or null
     QVector<const char *> terminals; // glyph keys of the terminal labels, left to right
 };

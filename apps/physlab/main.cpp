@@ -49,7 +49,7 @@ const Scene kScenes[] = {
     {403, "mid", "handle dragged to the top of the dial: 0.30 on the small range", "drag control_1 89 -43 --final"},
     {403, "small", "0.36 typed on the 0.6 A range", "set idMeterValue=0.36"},
     {403, "large", "0.36 typed, then the 3 A range: the reading is kept", "set idMeterValue=0.36;set idMeterGrade=1"},
-    {404, "mid", "handle dragged two thirds across: 2.00 on the 3 V range", "drag control_1 140 -5 --final"},
+    {404, "mid", "handle dragged two thirds across: 2.00 on the 3 V range", "drag control_1 122 -37 --final"},
     {405, "mid", "handle dragged right of the middle", "drag control_1 40 5 --final"},
     {405, "left", "-12 typed: the pointer left of the middle", "set idMeterValue=-12"},
     {406, "mid", "handle dragged to the reading 4", "drag control_1 122 -37 --final"},
