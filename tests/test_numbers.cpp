@@ -12,7 +12,7 @@ TEST(Numbers, FormatMatchesQtGeneral15)
     std::vector<double> values = {0.1, 0.5, 1e15, 1e16, 1e-5, 1e-4, 99999999999999.99, 999999999999999.5, 9.9999999999999995,
                                   123456.0009765625, 10000000000.03125, 4.9406564584124654e-324, 2.2250738585072014e-308,
                                   1.7976931348623157e308, -0.30000000000000004, 107 - 114 * std::sin(0.89011791851710809)};
-    for (int i = 0; i < 200000; ++i) {
+    for (int i = 0; i < 40000; ++i) {
         const double v = mantissa(rng) * std::pow(10.0, exponent(rng));
         values.push_back(v);
         values.push_back(std::round(v * 1000) / 1000);
