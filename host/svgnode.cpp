@@ -3,6 +3,7 @@
 #include "svgtinydocument.h"
 #include <QFontMetricsF>
 #include <QtMath>
+#include <charconv>
 #include <cmath>
 
 namespace {
@@ -90,7 +91,102 @@ QColor parsePaintColor(const QString &v)
 
 } // namespace
 
+// Attribute names are looked up on every step of a drag; most candidates differ in
+// length, which is checked here without a call into QtCore.
+inline bool sameName(const QString &a, const QString &b)
+{
+    const int n = a.size();
+    if (n != b.size())
+        return false;
+    const QChar *x = a.constData(), *y = b.constData();
+    for (int i = 0; i < n; ++i)
+        if (x[i] != y[i])
+            return false;
+    return true;
+}
+
 // ---------------------------------------------------------------- numbers
+
+namespace {
+
+// The text QString::number(v, 'g', 15) gives, for finite non-zero v, from the
+// shortest round-trip digits: several times faster, and numbers are written on
+// every step of a drag. Rounding those digits to 15 is exact unless a 16-digit tie
+// could lie between them and the value; that case, and subnormals, go to Qt.
+QString formatGeneral15(double v)
+{
+    if (std::fabs(v) < 1e-290)
+        return QString::number(v, 'g', 15);
+    char s[32];
+    const auto r = std::to_chars(s, s + sizeof s, v, std::chars_format::scientific);
+    const char *p = s;
+    const bool neg = *p == '-';
+    if (neg)
+        ++p;
+    char digits[20];
+    int n = 0;
+    for (; p < r.ptr && *p != 'e'; ++p)
+        if (*p != '.')
+            digits[n++] = *p;
+    int exp = 0;
+    std::from_chars(p + 1 + (p[1] == '+'), r.ptr, exp);
+    if (n > 15) {
+        if (n == 16 && digits[15] == '5')
+            return QString::number(v, 'g', 15);
+        bool up = digits[15] >= '5';
+        n = 15;
+        for (int i = 14; up && i >= 0; --i) {
+            if (digits[i] == '9') {
+                digits[i] = '0';
+            } else {
+                ++digits[i];
+                up = false;
+            }
+        }
+        if (up) { // 99..9 carried into a new leading digit
+            digits[0] = '1';
+            ++exp;
+        }
+    }
+    while (n > 1 && digits[n - 1] == '0')
+        --n;
+    char out[40];
+    int k = 0;
+    if (neg)
+        out[k++] = '-';
+    if (exp < -4 || exp >= 15) {
+        out[k++] = digits[0];
+        if (n > 1) {
+            out[k++] = '.';
+            for (int i = 1; i < n; ++i)
+                out[k++] = digits[i];
+        }
+        out[k++] = 'e';
+        out[k++] = exp < 0 ? '-' : '+';
+        const int a = exp < 0 ? -exp : exp;
+        if (a < 10)
+            out[k++] = '0';
+        k += int(std::to_chars(out + k, out + sizeof out, a).ptr - (out + k));
+    } else if (exp < 0) {
+        out[k++] = '0';
+        out[k++] = '.';
+        for (int i = -1; i > exp; --i)
+            out[k++] = '0';
+        for (int i = 0; i < n; ++i)
+            out[k++] = digits[i];
+    } else {
+        for (int i = 0; i <= exp; ++i)
+            out[k++] = i < n ? digits[i] : '0';
+        if (n > exp + 1) {
+            out[k++] = '.';
+            for (int i = exp + 1; i < n; ++i)
+                out[k++] = digits[i];
+        }
+    }
+    return QString::fromLatin1(out, k);
+}
+
+} // namespace
 
 QString SvgNumbers::format(double v)
 {
@@ -100,46 +196,71 @@ QString SvgNumbers::format(double v)
         return QStringLiteral("NaN");
     if (std::isinf(v))
         return v > 0 ? QStringLiteral("Infinity") : QStringLiteral("-Infinity");
-    return QString::number(v, 'g', 15);
+    return formatGeneral15(v);
 }
+
+namespace {
+
+// Reads one number at p (sign, digits, fraction, exponent) and moves p past it.
+// Numbers are read on every step of a drag, so this allocates nothing.
+bool readNumber(const QChar *&p, const QChar *end, double &value)
+{
+    auto atEnd = [&](const QChar *q) { return end ? q >= end : q->isNull(); };
+    while (!atEnd(p) && (p->isSpace() || *p == QLatin1Char(',')))
+        ++p;
+    if (atEnd(p))
+        return false;
+    const QChar *q = p;
+    if (*q == QLatin1Char('+') || *q == QLatin1Char('-'))
+        ++q;
+    bool digits = false;
+    while (!atEnd(q) && q->isDigit()) { ++q; digits = true; }
+    if (!atEnd(q) && *q == QLatin1Char('.')) {
+        ++q;
+        while (!atEnd(q) && q->isDigit()) { ++q; digits = true; }
+    }
+    if (!digits)
+        return false;
+    if (!atEnd(q) && (*q == QLatin1Char('e') || *q == QLatin1Char('E'))) {
+        const QChar *e = q + 1;
+        if (!atEnd(e) && (*e == QLatin1Char('+') || *e == QLatin1Char('-')))
+            ++e;
+        if (!atEnd(e) && e->isDigit()) {
+            while (!atEnd(e) && e->isDigit())
+                ++e;
+            q = e;
+        }
+    }
+    // Only ASCII digits, signs, '.' and 'e' were accepted above.
+    char buf[64];
+    const int n = int(q - p);
+    if (n < int(sizeof buf)) {
+        const QChar *from = *p == QLatin1Char('+') ? p + 1 : p;
+        int k = 0;
+        for (const QChar *c = from; c < q; ++c)
+            buf[k++] = char(c->unicode());
+        const auto r = std::from_chars(buf, buf + k, value);
+        if (r.ec == std::errc() && r.ptr == buf + k) {
+            p = q;
+            return true;
+        }
+    }
+    bool ok = false;
+    value = QString(p, n).toDouble(&ok);
+    if (!ok)
+        return false;
+    p = q;
+    return true;
+}
+
+} // namespace
 
 QVector<double> SvgNumbers::parseList(const QChar *&p, const QChar *end)
 {
     QVector<double> out;
-    auto atEnd = [&](const QChar *q) { return end ? q >= end : q->isNull(); };
-    for (;;) {
-        while (!atEnd(p) && (p->isSpace() || *p == QLatin1Char(',')))
-            ++p;
-        if (atEnd(p))
-            break;
-        const QChar *q = p;
-        if (*q == QLatin1Char('+') || *q == QLatin1Char('-'))
-            ++q;
-        bool digits = false;
-        while (!atEnd(q) && q->isDigit()) { ++q; digits = true; }
-        if (!atEnd(q) && *q == QLatin1Char('.')) {
-            ++q;
-            while (!atEnd(q) && q->isDigit()) { ++q; digits = true; }
-        }
-        if (!digits)
-            break;
-        if (!atEnd(q) && (*q == QLatin1Char('e') || *q == QLatin1Char('E'))) {
-            const QChar *e = q + 1;
-            if (!atEnd(e) && (*e == QLatin1Char('+') || *e == QLatin1Char('-')))
-                ++e;
-            if (!atEnd(e) && e->isDigit()) {
-                while (!atEnd(e) && e->isDigit())
-                    ++e;
-                q = e;
-            }
-        }
-        bool ok = false;
-        const double v = QString(p, int(q - p)).toDouble(&ok);
-        if (!ok)
-            break;
+    double v = 0;
+    while (readNumber(p, end, v))
         out.append(v);
-        p = q;
-    }
     return out;
 }
 
@@ -208,7 +329,7 @@ bool QSvgNode::hasAttribute(const QString &name) const
     if (m_type == Text && name == QLatin1String("value"))
         return true;
     for (const Attr &a : m_attrs)
-        if (a.name == name)
+        if (sameName(a.name, name))
             return true;
     return false;
 }
@@ -218,7 +339,7 @@ QString QSvgNode::attribute(const QString &name) const
     if (m_type == Text && name == QLatin1String("value"))
         return m_text;
     for (const Attr &a : m_attrs)
-        if (a.name == name)
+        if (sameName(a.name, name))
             return a.value;
     return QString();
 }
@@ -230,20 +351,21 @@ void QSvgNode::setAttribute(const QString &name, const QString &value)
         return;
     }
     QString oldId;
-    const bool isId = name == kId;
+    const bool isId = sameName(name, kId);
     if (isId)
         oldId = nodeId();
     bool found = false;
     for (Attr &a : m_attrs) {
-        if (a.name == name) {
+        if (sameName(a.name, name)) {
             a.value = value;
+            a.numberState = 0;
             found = true;
             break;
         }
     }
     if (!found)
         m_attrs.append({name, value});
-    if (name == kStyle)
+    if (sameName(name, kStyle))
         m_style = parseStyle(value);
     if (isId && oldId != value) {
         if (QSvgTinyDocument *doc = document())
@@ -256,7 +378,7 @@ void QSvgNode::removeAttribute(const QString &name)
 {
     const QString oldId = name == kId ? nodeId() : QString();
     for (int i = 0; i < m_attrs.size(); ++i) {
-        if (m_attrs[i].name == name) {
+        if (sameName(m_attrs[i].name, name)) {
             m_attrs.remove(i);
             break;
         }
@@ -272,14 +394,15 @@ void QSvgNode::removeAttribute(const QString &name)
 double QSvgNode::numAttribute(const QString &name, double fallback) const
 {
     for (const Attr &a : m_attrs) {
-        if (a.name == name) {
-            const QChar *p = a.value.constData();
-            const QVector<double> v = SvgNumbers::parseList(p, p + a.value.size());
-            if (!v.isEmpty())
-                return v.first();
-            bool ok = false;
-            const double d = a.value.trimmed().toDouble(&ok); // NaN, Infinity
-            return ok ? d : fallback;
+        if (sameName(a.name, name)) {
+            if (a.numberState == 0) {
+                const QChar *p = a.value.constData();
+                bool ok = readNumber(p, p + a.value.size(), a.number);
+                if (!ok)
+                    a.number = a.value.trimmed().toDouble(&ok); // NaN, Infinity
+                a.numberState = ok ? 1 : 2;
+            }
+            return a.numberState == 1 ? a.number : fallback;
         }
     }
     return fallback;
@@ -293,10 +416,10 @@ void QSvgNode::setNumAttribute(const QString &name, double value)
 QString QSvgNode::styleProperty(const QString &name) const
 {
     for (const Attr &a : m_style)
-        if (a.name == name)
+        if (sameName(a.name, name))
             return a.value;
     for (const Attr &a : m_attrs)
-        if (a.name == name)
+        if (sameName(a.name, name))
             return a.value;
     return QString();
 }
@@ -304,7 +427,7 @@ QString QSvgNode::styleProperty(const QString &name) const
 void QSvgNode::setStyleProperty(const QString &name, const QString &value)
 {
     for (Attr &a : m_style) {
-        if (a.name == name) {
+        if (sameName(a.name, name)) {
             a.value = value;
             setAttribute(kStyle, writeStyle(m_style));
             return;
@@ -332,13 +455,17 @@ void QSvgNode::translate(double, double) {}
 
 void QSvgNode::translateNumAttr(const char *name, double d)
 {
-    const QString n = QLatin1String(name);
-    setNumAttribute(n, numAttribute(n) + d);
+    translateNumAttr(QString(QLatin1String(name)), d);
+}
+
+void QSvgNode::translateNumAttr(const QString &name, double d)
+{
+    setNumAttribute(name, numAttribute(name) + d);
 }
 
 void QSvgNode::attributeChanged(const QString &name)
 {
-    if (name == kTransform || name == kRotateAngle || name == kRotateX || name == kRotateY)
+    if (sameName(name, kTransform) || sameName(name, kRotateAngle) || sameName(name, kRotateX) || sameName(name, kRotateY))
         m_transformValid = false;
 }
 
@@ -472,8 +599,8 @@ QPainterPath QSvgRect::shape() const
 
 void QSvgRect::translate(double dx, double dy)
 {
-    translateNumAttr("x", dx);
-    translateNumAttr("y", dy);
+    translateNumAttr(QStringLiteral("x"), dx);
+    translateNumAttr(QStringLiteral("y"), dy);
 }
 
 QRectF QSvgLine::rect() const
@@ -493,10 +620,10 @@ QPainterPath QSvgLine::shape() const
 
 void QSvgLine::translate(double dx, double dy)
 {
-    translateNumAttr("x1", dx);
-    translateNumAttr("x2", dx);
-    translateNumAttr("y1", dy);
-    translateNumAttr("y2", dy);
+    translateNumAttr(QStringLiteral("x1"), dx);
+    translateNumAttr(QStringLiteral("x2"), dx);
+    translateNumAttr(QStringLiteral("y1"), dy);
+    translateNumAttr(QStringLiteral("y2"), dy);
 }
 
 QRectF QSvgEllipse::rect() const
@@ -523,8 +650,8 @@ QPainterPath QSvgEllipse::shape() const
 
 void QSvgEllipse::translate(double dx, double dy)
 {
-    translateNumAttr("cx", dx);
-    translateNumAttr("cy", dy);
+    translateNumAttr(QStringLiteral("cx"), dx);
+    translateNumAttr(QStringLiteral("cy"), dy);
 }
 
 const QPainterPath &QSvgPath::path() const
@@ -645,8 +772,8 @@ QRectF QSvgText::rect() const
 
 void QSvgText::translate(double dx, double dy)
 {
-    translateNumAttr("x", dx);
-    translateNumAttr("y", dy);
+    translateNumAttr(QStringLiteral("x"), dx);
+    translateNumAttr(QStringLiteral("y"), dy);
 }
 
 void QSvgText::attributeChanged(const QString &name) { QSvgNode::attributeChanged(name); }

@@ -24,6 +24,10 @@ public:
     struct Attr {
         QString name;
         QString value;
+        // The value read as a number, kept until the value changes: drags read the
+        // same attributes many times between writes.
+        mutable double number = 0;
+        mutable signed char numberState = 0; // 0 not read yet, 1 a number, 2 none
     };
 
     QSvgNode(Type type, const QString &tag);
@@ -105,6 +109,7 @@ public:
 protected:
     virtual void attributeChanged(const QString &name);
     void translateNumAttr(const char *name, double d);
+    void translateNumAttr(const QString &name, double d);
 
 private:
     friend class QSvgTinyDocument;

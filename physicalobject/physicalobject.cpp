@@ -6,6 +6,13 @@
 #include "mechanics/TriangleBevel.h"
 
 // electricity and magnetism
+#include "electromagnetism/Knob.h"
+#include "electromagnetism/MeterAmpere.h"
+#include "electromagnetism/MeterCustom.h"
+#include "electromagnetism/MeterElectric.h"
+#include "electromagnetism/MeterVolt.h"
+#include "electromagnetism/Switch.h"
+#include "electromagnetism/Wire.h"
 
 // optics
 #include "optics/Candle.h"
@@ -61,6 +68,13 @@ const Entry kTypes[] = {
     {{501, "CCoil", "Coil"}, &make<CCoil>},
 
     // electricity and magnetism
+    {{400, "CSwitch", "Switch"}, &make<CSwitch>},
+    {{401, "CKnob", "Knob"}, &make<CKnob>},
+    {{403, "CMeterAmpere", "Ammeter"}, &make<CMeterAmpere>},
+    {{404, "CMeterVolt", "Voltmeter"}, &make<CMeterVolt>},
+    {{405, "CMeterElectric", "Galvanometer"}, &make<CMeterElectric>},
+    {{406, "CMeterCustom", "Meter with a 0 to 6 scale"}, &make<CMeterCustom>},
+    {{500, "CWire", "Wire"}, &make<CWire>},
 
     // optics
     {{600, "CLensRaised", "Convex lens"}, &make<CLensRaised>},
@@ -172,17 +186,6 @@ CWBPhysicalObject *createObject_physical(int, int typeId, bool bDefaultSize)
 bool physical_SetDefaultSpecialProperty(int id, QDataStream &s)
 {
     return CWBPhysicalObject::SetDefaultSpecialProperty(id, s);
-}
-
-double getCirclePointDegree(QPointF point, QPointF center)
-{
-    // Counter-clockwise from the positive x axis with y up on screen; a point on the
-    // centre counts as straight up.
-    const double x0 = point.x(), y0 = point.y(), x1 = center.x(), y1 = center.y();
-    const double a = std::fabs(x1 - x0) < 1e-7 ? 90.0 : std::atan(std::fabs(y1 - y0) / std::fabs(x1 - x0)) * 57.29577951308232;
-    if (y1 >= y0)
-        return x0 >= x1 ? a : 180.0 - a;
-    return x0 >= x1 ? 360.0 - a : 180.0 + a;
 }
 
 const PhysicalTypeInfo *physical_TypeTable(int *count)

@@ -39,6 +39,20 @@ const Scene kScenes[] = {
     {102, "reshaped", "base lengthened and apex raised", "drag control_1 120 0 --final;drag control_2 0 -70 --final"},
 
     // electricity and magnetism
+    {400, "closed", "switched on: the blade lies in the clip", "set idSwitchIsConnected=true"},
+    {401, "turned", "handle dragged round to the lower right", "drag control_1 25 45 --final"},
+    {401, "colours", "turned left, ring, disc and mark recoloured",
+     "drag control_1 -30 30 --final;set idExtCircleColor=#2f6db5;set idIntCircleColor=#f2c14e;set idScaleColor=#b22222"},
+    {500, "bent", "far end dragged right and down, pull points spread", "drag control_4 100 40 --final;drag control_2 -40 30 --final"},
+    {500, "crossed", "pull points crossed over beyond the ends: the curve loops over itself",
+     "drag control_1 0 46 --final;drag control_4 8 -46 --final;drag control_2 160 34 --final;drag control_3 -152 126 --final"},
+    {403, "mid", "handle dragged to the top of the dial: 0.30 on the small range", "drag control_1 89 -43 --final"},
+    {403, "small", "0.36 typed on the 0.6 A range", "set idMeterValue=0.36"},
+    {403, "large", "0.36 typed, then the 3 A range: the reading is kept", "set idMeterValue=0.36;set idMeterGrade=1"},
+    {404, "mid", "handle dragged two thirds across: 2.00 on the 3 V range", "drag control_1 122 -37 --final"},
+    {405, "mid", "handle dragged right of the middle", "drag control_1 40 5 --final"},
+    {405, "left", "-12 typed: the pointer left of the middle", "set idMeterValue=-12"},
+    {406, "mid", "handle dragged to the reading 4", "drag control_1 122 -37 --final"},
 
     // optics
     {600, "thick", "taller, then thickness 100 %", "drag control_2 0 60 --final;set idPosValue=100"},

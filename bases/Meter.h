@@ -1,0 +1,56 @@
+#pragma once
+// Common base of the dial meters: a pointer turning about a pivot within a fixed arc,
+// driven by one handle dragged round the dial or set from a reading.
+#include "physicalobject/physicalobject_shared_global.h"
+#include <QJsonObject>
+#include <svgbase.h>
+
+class PHYSICALOBJECT_SHARED_EXPORT CMeter : public CSVGBase
+{
+public:
+    explicit CMeter(CSVGObj *owner);
+    ~CMeter() override;
+
+    bool SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo) override;
+    bool loadSVG(bool bLoad) override;
+    int getSVGType() override;
+    bool updateSVG(QSvgNode *node, QPointF offset, bool bFinal) override;
+    using CSVGBase::updateSVG;
+    QString getPropName(int id) override;
+
+    /* 63 */ virtual void angelChangedByControl(double angle);
+
+    double getAngle();
+    void setAngel(double angle);
+
+    double getCurrentAngle() const { return currentAngle; }
+    double getMinAngle() const { return minAngle; }
+    double getMaxAngle() const { return maxAngle; }
+
+protected:
+    // The pointer's place on the scale, 0 at the left end and 1 at the right.
+    double scaleFraction(double angle) const { return maxAngle > minAngle ? (angle - minAngle) / (maxAngle - minAngle) : 0.0; }
+    // Posts {"settings":[{"id": key, "value": value}]} to the panel (message 100).
+    void postSetting(const QString &key, const QString &value);
+    // Puts the handle on its circle at the given pointer angle.
+    void placeHandle(QSvgNode *handle, QPointF pivot, QSizeF size, double angle);
+    // A typed reading: currentAngle keeps the angle unclamped, the pointer stops at the arc's end.
+    void setTypedAngle(double angle);
+    // Range switch between two ranges five times apart, keeping the reading. The angle
+    // starts from currentAngle, which the switch itself leaves alone. False for an
+    // index that is no range.
+    bool changeGrade(int &grade, int newGrade);
+    // Panel items of the family.
+    QJsonObject gradeItem(int grade, const QString &small, const QString &large) const;
+    QJsonObject valueItem(double reading, int decimals, const QString &min, const QString &max) const;
+    static QString readingText(double reading, int decimals);
+
+    int startMode = 0;
+    double maxAngle = 0.0;
+    double minAngle = 0.0;
+    double savedPointerAngle = 0.0;
+    double savedCurrentAngle = 0.0;
+    double currentAngle = 0.0;
+    double handleRadius = 0.0;
+    bool initialized = false;
+};
