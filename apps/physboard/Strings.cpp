@@ -38,6 +38,8 @@ const Row kRows[] = {
     {"IDS_PHYSICSOBJ_DIRECTIONTRIGHT", "Facing right", "向右"},
     {"IDS_PHYSICSOBJ_HEIGHT", "Height", "高度"},
     {"IDS_PHYSICSOBJ_HOOKCOUNT", "Hooks", "挂钩数"},
+    {"IDS_PHYSICSOBJ_KNOB_EXT_COLOR", "Outer ring colour", "外圈颜色"},
+    {"IDS_PHYSICSOBJ_KNOB_INT_COLOR", "Inner disc colour", "内圈颜色"},
     {"IDS_PHYSICSOBJ_LEADCOUNT", "Lead wires", "引线数"},
     {"IDS_PHYSICSOBJ_LENGTH", "Length", "长度"},
     {"IDS_PHYSICSOBJ_LEN_THICKNESS", "Lens thickness", "透镜厚度"},
