@@ -80,5 +80,43 @@ TEST_P(FixedSymbol, MovingScalingAndSavingLeaveTheDrawingAlone)
     EXPECT_EQ(svgText(bad->content()), drawn);
 }
 
+// The panel's colour must reach a drawing whose shapes carry no ids, and clearing it
+// must give the template's look back.
+TEST_P(FixedSymbol, HostColourRecoloursTheWholeSymbol)
+{
+    ObjPtr o = makeObject(s().type, true);
+    CSVGBase *c = o->content();
+    const QString drawn = svgText(c);
+    auto setColour = [c](int id, const QColor &colour) {
+        QByteArray b;
+        {
+            QDataStream out(&b, QIODevice::WriteOnly);
+            out << colour;
+        }
+        QDataStream in(b);
+        c->SetAttribute(id, in, false, false);
+    };
+    auto paints = [c] {
+        static const QRegularExpression paint(QStringLiteral("(?:fill|stroke)[=:]'?\"?(#[0-9a-fA-F]{6})"));
+        QStringList found;
+        auto it = paint.globalMatch(svgText(c));
+        while (it.hasNext())
+            found << it.next().captured(1).toLower();
+        found.removeDuplicates();
+        found.sort();
+        return found;
+    };
+    setColour(5002, QColor(0x12, 0xab, 0x34));
+    const bool lamp = s().type == 704;
+    EXPECT_EQ(paints(), lamp ? QStringList({"#12ab34", "#ffffff"}) : QStringList({"#12ab34"}));
+    if (lamp) {
+        setColour(5005, QColor(0xff, 0xcc, 0x00));
+        EXPECT_EQ(paints(), QStringList({"#12ab34", "#ffcc00"}));
+        setColour(5005, QColor());
+    }
+    setColour(5002, QColor());
+    EXPECT_EQ(svgText(c), drawn);
+}
+
 INSTANTIATE_TEST_SUITE_P(Circuit, FixedSymbol, ::testing::ValuesIn(kFixed),
                          [](const ::testing::TestParamInfo<Fixed> &i) { return std::to_string(i.param.type); });
