@@ -586,11 +586,17 @@ void BoardWindow::fillDemoPage()
         const char *setting;
     };
     const Spot spots[] = {
-        {109, {230, 80}, 0, "idPosValue=30"},
-        {107, {150, 300}, -25, nullptr},
-        {202, {340, 330}, 0, nullptr},
-        {501, {470, 300}, 0, "idPosValue=60"},
-        {102, {610, 330}, 0, nullptr},
+        {109, {300, 50}, 0, "idPosValue=30"},
+        {403, {120, 200}, 0, "idMeterValue=0.36"},
+        {400, {360, 200}, 0, "idSwitchIsConnected=true"},
+        {600, {560, 200}, 0, nullptr},
+        {607, {660, 210}, 0, nullptr},
+        {107, {110, 470}, -25, nullptr},
+        {202, {250, 470}, 0, nullptr},
+        {500, {390, 470}, 0, nullptr},
+        {700, {530, 430}, 0, nullptr},
+        {710, {650, 430}, 0, nullptr},
+        {704, {590, 510}, 0, nullptr},
     };
     CWBPhysicalObject *last = nullptr;
     for (const Spot &s : spots) {
