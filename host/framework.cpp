@@ -1,5 +1,6 @@
 #include "framework.h"
 #include <QColor>
+#include <QFont>
 
 void CFramework::PostMessage(int message, int, const QByteArray *json, int)
 {
@@ -56,10 +57,22 @@ QVariant CJsonUtil::jsonToVariant(const QJsonObject &o) const
     return o.value(QStringLiteral("value")).toVariant();
 }
 
-CFramework *GetFramework()
+namespace {
+// The apparatus measure and draw with the PostScript faces their templates name; the
+// metric-compatible free face stands in, so that a measured label is as wide as drawn.
+CFramework *makeFramework()
 {
+    for (const char *face : {"ArialMT", "Arial-BoldMT", "Arial"})
+        QFont::insertSubstitution(QLatin1String(face), QStringLiteral("Liberation Sans"));
     static CFramework framework;
     return &framework;
+}
+} // namespace
+
+CFramework *GetFramework()
+{
+    static CFramework *framework = makeFramework();
+    return framework;
 }
 
 CJsonUtil *GetJsonUtil()

@@ -153,6 +153,14 @@ bool CSVGBase::load(QDataStream &in)
         if (delta != QPointF(0, 0))
             moveControlPoint(h, delta, true, false);
     }
+    // The replay gave back what drags derive; the view box is put back as saved too,
+    // for apparatus that size themselves outside a drag (a label that fits its text).
+    const bool vbUsable = std::isfinite(vb.x()) && std::isfinite(vb.y()) && vb.width() > 0 && vb.height() > 0 &&
+                          vb.width() < 1e7 && vb.height() < 1e7 && std::fabs(vb.x()) < 1e7 && std::fabs(vb.y()) < 1e7;
+    if (m_pDocument && vbUsable && vb != m_pDocument->viewBox()) {
+        const QRectF now = m_pDocument->viewBox();
+        adjustSvgPosition(vb.topLeft() - now.topLeft(), vb.width() - now.width(), vb.height() - now.height(), true);
+    }
     GetFramework()->mute(false);
     m_loading = false;
     applyHostColors();
@@ -698,6 +706,61 @@ const CSVGPropItem *CSVGBase::propItemByPropId(int propId) const
     return nullptr;
 }
 
+std::shared_ptr<const SvgDocumentState> CSVGBase::captureDocumentState() const
+{
+    auto state = std::make_shared<SvgDocumentState>();
+    if (!m_pDocument)
+        return state;
+    state->viewBox = m_pDocument->viewBox();
+    state->size = m_pDocument->size();
+    forEachNode(m_pDocument, [&](QSvgNode *n) {
+        state->nodes.append({n->tagName(), n->attributes(), n->text(), n->isVisible()});
+    });
+    return state;
+}
+
+bool CSVGBase::restoreDocumentState(const SvgDocumentState &state)
+{
+    if (!m_pDocument)
+        return false;
+    QVector<QSvgNode *> nodes;
+    forEachNode(m_pDocument, [&](QSvgNode *n) { nodes.append(n); });
+    if (nodes.size() != state.nodes.size())
+        return false;
+    for (int i = 0; i < nodes.size(); ++i)
+        if (nodes[i]->tagName() != state.nodes[i].tag)
+            return false;
+    // Through the host's own service, so that the item keeps the drawing in place.
+    const QRectF vb = m_pDocument->viewBox();
+    if (vb != state.viewBox && state.viewBox.isValid())
+        adjustSvgPosition(state.viewBox.topLeft() - vb.topLeft(), state.viewBox.width() - vb.width(),
+                          state.viewBox.height() - vb.height(), true);
+    m_pDocument->setViewBox(state.viewBox);
+    m_pDocument->setSize(state.size);
+    for (int i = 0; i < nodes.size(); ++i) {
+        QSvgNode *n = nodes[i];
+        const SvgDocumentState::Node &want = state.nodes[i];
+        QStringList gone;
+        for (const QSvgNode::Attr &a : n->attributes()) {
+            bool kept = false;
+            for (const QSvgNode::Attr &w : want.attrs)
+                kept = kept || w.name == a.name;
+            if (!kept)
+                gone << a.name;
+        }
+        for (const QString &name : gone)
+            n->removeAttribute(name);
+        for (const QSvgNode::Attr &w : want.attrs)
+            if (n->attribute(w.name) != w.value || !n->hasAttribute(w.name))
+                n->setAttribute(w.name, w.value);
+        n->setText(want.text);
+        n->setVisible(want.visible);
+    }
+    if (m_pOwner)
+        m_pOwner->update(QRectF());
+    return true;
+}
+
 QPointF CSVGBase::moveControlPoint(QSvgNode *handle, QPointF delta, bool bFinal, bool bUndo, bool *handled)
 {
     const int index = m_controlNodes.indexOf(handle);
@@ -711,6 +774,7 @@ QPointF CSVGBase::moveControlPoint(QSvgNode *handle, QPointF delta, bool bFinal,
     if (m_dragHandle != index) {
         m_dragHandle = index;
         m_dragStart = start;
+        m_dragBefore = bUndo && !m_loading ? captureDocumentState() : nullptr;
     }
     const double x = qBound(getXMin(handle), start.x() + delta.x(), getXMax(handle));
     const double y = qBound(getYMin(handle), start.y() + delta.y(), getYMax(handle));
@@ -726,8 +790,10 @@ QPointF CSVGBase::moveControlPoint(QSvgNode *handle, QPointF delta, bool bFinal,
         // The apparatus may have put the handle somewhere else (a snap-back).
         const QPointF end = m_controlNodes.value(index) ? m_controlNodes.at(index)->rect().topLeft() : start;
         if (bUndo && !m_loading && end != m_dragStart)
-            GetFramework()->undoStack()->push(new CSVGHandleMoveCmd(this, index, m_dragStart, end));
+            GetFramework()->undoStack()->push(
+                new CSVGHandleMoveCmd(this, index, m_dragStart, end, m_dragBefore, captureDocumentState()));
         m_dragHandle = -1;
+        m_dragBefore.reset();
     }
     return applied;
 }

@@ -15,10 +15,26 @@
 #include <QPainterPath>
 #include <QSizeF>
 #include <QVariant>
+#include <memory>
 #include <vector>
 
 class CSVGObj;
 class CSVGBaseUndoCmd;
+
+// What a drawing looks like at one moment: every node's attributes, text and
+// visibility in document order, with the view box and size. Undo puts it back in
+// place, so node pointers the apparatus holds stay valid.
+struct SvgDocumentState {
+    struct Node {
+        QString tag;
+        QVector<QSvgNode::Attr> attrs;
+        QString text;
+        bool visible = true;
+    };
+    QVector<Node> nodes;
+    QRectF viewBox;
+    QSizeF size;
+};
 class QPainter;
 class QGraphicsSceneMouseEvent;
 class QKeyEvent;
@@ -135,6 +151,10 @@ public:
     // Maps a point in the owner item's coordinates to document units.
     QPointF itemToDocument(const QPointF &p) const;
     bool isLoading() const { return m_loading; }
+    std::shared_ptr<const SvgDocumentState> captureDocumentState() const;
+    // Writes a captured state back when the drawing still has the same nodes; false
+    // (and nothing changed) when the drawing has since grown or lost nodes.
+    bool restoreDocumentState(const SvgDocumentState &state);
 
 protected:
     CSVGObj *m_pOwner;
@@ -164,4 +184,5 @@ private:
     // Drag in progress: handle index and where it started.
     int m_dragHandle = -1;
     QPointF m_dragStart;
+    std::shared_ptr<const SvgDocumentState> m_dragBefore;
 };

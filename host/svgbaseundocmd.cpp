@@ -46,22 +46,27 @@ void CSVGBaseUndoCmd::redo()
     apply(m_new);
 }
 
-CSVGHandleMoveCmd::CSVGHandleMoveCmd(CSVGBase *target, int handle, QPointF from, QPointF to)
-    : m_target(target->serial()), m_handle(handle), m_from(from), m_to(to)
+CSVGHandleMoveCmd::CSVGHandleMoveCmd(CSVGBase *target, int handle, QPointF from, QPointF to,
+                                     std::shared_ptr<const SvgDocumentState> before,
+                                     std::shared_ptr<const SvgDocumentState> after)
+    : m_before(std::move(before)), m_after(std::move(after)), m_target(target->serial()), m_handle(handle),
+      m_from(from), m_to(to)
 {
     setText(QStringLiteral("move control_%1").arg(handle + 1));
 }
 
-void CSVGHandleMoveCmd::moveTo(QPointF p)
+void CSVGHandleMoveCmd::moveTo(QPointF p, const std::shared_ptr<const SvgDocumentState> &state)
 {
     CSVGBase *t = GetFramework()->object(m_target);
     if (!t || m_handle < 0 || m_handle >= t->controlNodes().size())
         return;
     QSvgNode *h = t->controlNodes().at(m_handle);
     t->moveControlPoint(h, p - h->rect().topLeft(), true, false);
+    if (state)
+        t->restoreDocumentState(*state);
 }
 
-void CSVGHandleMoveCmd::undo() { moveTo(m_from); }
+void CSVGHandleMoveCmd::undo() { moveTo(m_from, m_before); }
 
 void CSVGHandleMoveCmd::redo()
 {
@@ -69,5 +74,5 @@ void CSVGHandleMoveCmd::redo()
         m_firstRedo = false;
         return;
     }
-    moveTo(m_to);
+    moveTo(m_to, m_after);
 }

@@ -4,6 +4,9 @@
 #include <QPointF>
 #include <QUndoCommand>
 #include <QVariant>
+#include <memory>
+
+struct SvgDocumentState;
 
 class CSVGBase;
 
@@ -28,16 +31,21 @@ private:
     bool m_firstRedo = true;
 };
 
-// Undo of one handle drag: moves the handle back through the host's drag path.
+// Undo of one handle drag: moves the handle back through the host's drag path, so
+// that the apparatus re-derives what it keeps, then puts the drawing back exactly as
+// it was (a drag path may snap or clamp on the way back).
 class HOST_EXPORT CSVGHandleMoveCmd : public QUndoCommand
 {
 public:
-    CSVGHandleMoveCmd(CSVGBase *target, int handle, QPointF from, QPointF to);
+    CSVGHandleMoveCmd(CSVGBase *target, int handle, QPointF from, QPointF to,
+                      std::shared_ptr<const SvgDocumentState> before = nullptr,
+                      std::shared_ptr<const SvgDocumentState> after = nullptr);
     void undo() override;
     void redo() override;
 
 private:
-    void moveTo(QPointF p);
+    void moveTo(QPointF p, const std::shared_ptr<const SvgDocumentState> &state);
+    std::shared_ptr<const SvgDocumentState> m_before, m_after;
     quint64 m_target;
     int m_handle;
     QPointF m_from, m_to;

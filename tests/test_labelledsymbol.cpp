@@ -256,7 +256,8 @@ TEST_P(LabelledSymbol, JsonRoundTripAndItsBadForms)
         b->content()->loadJson(j);
         EXPECT_FALSE(symbol(b)->labelColor().isValid());
         EXPECT_EQ(symbol(b)->labelText(), "");
-        EXPECT_DOUBLE_EQ(viewBox(b).right(), symbolRight());
+        // The drawing keeps the size the host saved with it.
+        EXPECT_EQ(viewBox(b), viewBox(o));
     }
     ObjPtr empty = makeObject(s().type);
     QJsonObject nothing;
