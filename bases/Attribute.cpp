@@ -150,7 +150,9 @@ void CAttribute::UpdateCombobox(bool) {}
 void CAttribute::ResetAtrribute() {}
 QByteArray CAttribute::GetComboboxData() { return QByteArray(); }
 
-void CAttribute::postSetting(const QString &key, const QString &value)
+void CAttribute::postSetting(const QString &key, const QString &value) { postPanelSetting(key, value); }
+
+void postPanelSetting(const QString &key, const QString &value)
 {
     QJsonObject item{{QStringLiteral("id"), key}, {QStringLiteral("value"), value}};
     QJsonObject root{{QStringLiteral("settings"), QJsonArray{item}}};

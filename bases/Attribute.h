@@ -16,6 +16,9 @@ struct DATA_MAP_STRUCT {
     int intValue = 0;
 };
 
+// Posts the panel refresh {"settings":[{"id": key, "value": value}]} (message 100).
+void postPanelSetting(const QString &key, const QString &value);
+
 class PHYSICALOBJECT_SHARED_EXPORT CAttribute : public CSVGBase
 {
 public:
