@@ -1,4 +1,5 @@
 #include "GenCircle.h"
+#include "AttrValue.h"
 #include "HandlePos.h"
 #include <QJsonArray>
 #include <algorithm>
@@ -442,11 +443,7 @@ QString CGenCircle::colourPropName(int id)
 
 void CGenCircle::resetDirection()
 {
-    DATA_MAP_STRUCT a;
-    a.propId = 1101;
-    a.dataType = 1;
-    a.name = QStringLiteral("IDS_SVG_PHYSICAL_DIRECTION");
-    m_attributes.insert(kDirectionAttr, a);
+    addAttribute(kDirectionAttr, 1101, 1, QStringLiteral("IDS_SVG_PHYSICAL_DIRECTION"));
 }
 
 QByteArray CGenCircle::directionComboData()
@@ -471,15 +468,8 @@ void CGenCircle::appendDirectionSetting(QJsonArray &array)
 void CGenCircle::applyDirectionSetting(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
     const auto it = values.constFind(QStringLiteral("idLensDirection"));
-    if (it == values.cend())
-        return;
-    QByteArray bytes;
-    {
-        QDataStream out(&bytes, QIODevice::WriteOnly);
-        out << it.value().toInt();
-    }
-    QDataStream in(bytes);
-    SetAttribute(kDirectionAttr, in, bRecord, bUndo);
+    if (it != values.cend())
+        AttrValue::apply(*this, kDirectionAttr, it.value().toInt(), bRecord, bUndo);
 }
 
 void CGenCircle::applyFacing(int value, bool &facesRight)
@@ -490,13 +480,4 @@ void CGenCircle::applyFacing(int value, bool &facesRight)
         facesRight = false;
 }
 
-void CGenCircle::replayDirection(int value)
-{
-    QByteArray bytes;
-    {
-        QDataStream out(&bytes, QIODevice::WriteOnly);
-        out << value;
-    }
-    QDataStream in(bytes);
-    SetAttribute(kDirectionAttr, in, false, false);
-}
+void CGenCircle::replayDirection(int value) { AttrValue::apply(*this, kDirectionAttr, value, false, false); }

@@ -55,11 +55,7 @@ int COpticalBracket::getSVGType() { return 606; }
 
 void COpticalBracket::ResetAtrribute()
 {
-    DATA_MAP_STRUCT a;
-    a.propId = 1103;
-    a.dataType = 1;
-    a.name = QStringLiteral("IDS_SVG_PHYSICAL_BRACKET_LOCATION");
-    m_attributes.insert(kOrientationAttr, a);
+    addAttribute(kOrientationAttr, 1103, 1, QStringLiteral("IDS_SVG_PHYSICAL_BRACKET_LOCATION"));
 }
 
 QByteArray COpticalBracket::GetComboboxData()
@@ -142,13 +138,12 @@ bool COpticalBracket::SetSettingArray(QMap<QString, QString> &values, bool bReco
 bool COpticalBracket::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 {
     const bool r = CAttribute::SetAttribute(id, in, bRecord, bUndo);
-    if (id == ATTR_CAPTURE) {
+    // The orientation goes back before the height.
+    keepAttribute(id, kOrientationAttr, m_nSavedOrientation);
+    if (id == ATTR_CAPTURE)
         m_dSavedControlPos = getControlPos();
-        m_nSavedOrientation = orientation();
-    } else if (id == ATTR_RESTORE) {
-        AttrValue::apply(*this, kOrientationAttr, m_nSavedOrientation, false, false);
+    else if (id == ATTR_RESTORE)
         setControlPos(m_dSavedControlPos);
-    }
     return r;
 }
 
