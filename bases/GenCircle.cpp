@@ -480,4 +480,3 @@ void CGenCircle::applyFacing(int value, bool &facesRight)
         facesRight = false;
 }
 
-void CGenCircle::replayDirection(int value) { AttrValue::apply(*this, kDirectionAttr, value, false, false); }

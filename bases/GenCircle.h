@@ -61,7 +61,6 @@ protected:
     void appendDirectionSetting(QJsonArray &array);
     void applyDirectionSetting(QMap<QString, QString> &values, bool bRecord, bool bUndo);
     int directionValue() const;
-    void replayDirection(int value);
     // A direction index as the faces-right flag (0 right, 1 left); others leave it.
     static void applyFacing(int value, bool &facesRight);
 };

@@ -163,14 +163,12 @@ bool CLensSemiConcave::SetSettingArray(QMap<QString, QString> &values, bool bRec
 
 bool CLensSemiConcave::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 {
-    // The direction goes back before the position, whose bounds depend on it.
     const bool r = CGenCircle::SetAttribute(id, in, bRecord, bUndo);
-    if (id == ATTR_CAPTURE) {
+    // The direction goes back before the position, whose bounds depend on it.
+    keepAttribute(id, kDirectionAttr, m_nSavedDirection);
+    if (id == ATTR_CAPTURE)
         m_dSavedControlPos = getControlPos();
-        m_nSavedDirection = directionValue();
-    } else if (id == ATTR_RESTORE) {
-        replayDirection(m_nSavedDirection);
+    else if (id == ATTR_RESTORE)
         setControlPos(m_dSavedControlPos);
-    }
     return r;
 }

@@ -157,12 +157,11 @@ bool CLensSemiRaised::SetSettingArray(QMap<QString, QString> &values, bool bReco
 bool CLensSemiRaised::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 {
     const bool r = CLens::SetAttribute(id, in, bRecord, bUndo);
-    if (id == ATTR_CAPTURE) {
+    // The direction goes back before the position, whose bounds depend on it.
+    keepAttribute(id, kDirectionAttr, m_nSavedDirection);
+    if (id == ATTR_CAPTURE)
         m_dSavedControlPos = getControlPos();
-        m_nSavedDirection = directionValue();
-    } else if (id == ATTR_RESTORE) {
-        replayDirection(m_nSavedDirection);
+    else if (id == ATTR_RESTORE)
         setControlPos(m_dSavedControlPos);
-    }
     return r;
 }
