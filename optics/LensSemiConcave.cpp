@@ -140,8 +140,7 @@ void CLensSemiConcave::UpdateCombobox(bool)
     UpdateRightLeft(m_controlNodes.value(1), m_bFacesRight);
     updateSVG(h1, QPointF(0, 0), false);
     updateOutlineRegion();
-    if (m_pOwner)
-        m_pOwner->update(QRectF());
+    repaint();
 }
 
 void CLensSemiConcave::GetSettingArray(QJsonArray &array)

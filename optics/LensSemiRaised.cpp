@@ -133,8 +133,7 @@ void CLensSemiRaised::UpdateCombobox(bool)
     SetConvertValue(directionValue());
     UpdateRightLeft(m_bFacesRight);
     updateOutlineRegion();
-    if (m_pOwner)
-        m_pOwner->update(QRectF());
+    repaint();
 }
 
 void CLensSemiRaised::GetSettingArray(QJsonArray &array)
