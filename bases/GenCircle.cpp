@@ -479,4 +479,3 @@ void CGenCircle::applyFacing(int value, bool &facesRight)
     else if (value == 1)
         facesRight = false;
 }
-

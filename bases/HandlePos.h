@@ -2,7 +2,6 @@
 // A handle whose place the panel shows as a percentage of its travel ("idPosValue"):
 // reading and moving it, the percentage, the panel input, and the place a typed
 // percentage stands for. The apparatus keep their own guard and call these.
-#include "physicalobject/physicalobject_shared_global.h"
 #include <QMap>
 #include <QString>
 
