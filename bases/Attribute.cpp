@@ -1,4 +1,5 @@
 #include "Attribute.h"
+#include "AttrValue.h"
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -150,10 +151,39 @@ void CAttribute::UpdateCombobox(bool) {}
 void CAttribute::ResetAtrribute() {}
 QByteArray CAttribute::GetComboboxData() { return QByteArray(); }
 
-void CAttribute::postSetting(const QString &key, const QString &value)
+void CAttribute::postSetting(const QString &key, const QString &value) { postPanelSetting(key, value); }
+
+void postPanelSetting(const QString &key, const QString &value)
 {
     QJsonObject item{{QStringLiteral("id"), key}, {QStringLiteral("value"), value}};
     QJsonObject root{{QStringLiteral("settings"), QJsonArray{item}}};
     const QByteArray json = QJsonDocument(root).toJson();
     GetFramework()->PostMessage(CFramework::MSG_SETTINGS_CHANGED, 0, &json, -1);
+}
+
+void CAttribute::addAttribute(int attr, int propId, int dataType, const QString &name, int intValue, bool boolValue)
+{
+    DATA_MAP_STRUCT a;
+    a.propId = propId;
+    a.dataType = dataType;
+    a.name = name;
+    a.intValue = intValue;
+    a.boolValue = boolValue;
+    m_attributes.insert(attr, a);
+}
+
+void CAttribute::keepAttribute(int id, int attr, int &saved)
+{
+    if (id == ATTR_CAPTURE)
+        saved = m_attributes.value(attr).intValue;
+    else if (id == ATTR_RESTORE)
+        AttrValue::apply(*this, attr, saved, false, false);
+}
+
+void CAttribute::keepAttribute(int id, int attr, bool &saved)
+{
+    if (id == ATTR_CAPTURE)
+        saved = m_attributes.value(attr).boolValue;
+    else if (id == ATTR_RESTORE)
+        AttrValue::apply(*this, attr, saved, false, false);
 }

@@ -16,6 +16,9 @@ struct DATA_MAP_STRUCT {
     int intValue = 0;
 };
 
+// Posts the panel refresh {"settings":[{"id": key, "value": value}]} (message 100).
+void postPanelSetting(const QString &key, const QString &value);
+
 class PHYSICALOBJECT_SHARED_EXPORT CAttribute : public CSVGBase
 {
 public:
@@ -42,6 +45,12 @@ public:
 protected:
     // Posts the panel refresh {"settings":[{"id": key, "value": value}]} (message 100).
     void postSetting(const QString &key, const QString &value);
+    // Adds one entry to the table with its default (an index for a combo box, a bool for a switch).
+    void addAttribute(int attr, int propId, int dataType, const QString &name, int intValue = 0, bool boolValue = false);
+    // Attribute ids 2804 and 2805 for one entry of the table: capture copies its value
+    // into saved, restore replays saved through SetAttribute.
+    void keepAttribute(int id, int attr, int &saved);
+    void keepAttribute(int id, int attr, bool &saved);
 
     QMap<int, DATA_MAP_STRUCT> m_attributes;
     bool m_bItemsOutline = false;

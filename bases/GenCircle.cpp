@@ -1,5 +1,8 @@
 #include "GenCircle.h"
+#include "AttrValue.h"
+#include "HandlePos.h"
 #include <QJsonArray>
+#include <algorithm>
 #include <cmath>
 #include <svgobj.h>
 
@@ -403,12 +406,30 @@ void CGenCircle::repaint()
         m_pOwner->update(QRectF());
 }
 
-int CGenCircle::percentOf(double pos, double lo, double hi)
+QRectF CGenCircle::viewBoxOrBounds() const
 {
-    const double p = (pos - lo) * 100 / (hi - lo);
-    if (!std::isfinite(p))
-        return 0;
-    return int(std::max(-1e9, std::min(1e9, p)));
+    QRectF vb = m_pDocument->viewBox();
+    if (vb.width() == 0 && vb.height() == 0)
+        vb = m_pDocument->transformedBounds();
+    return vb;
+}
+
+void CGenCircle::spanHandles(int count, double dy, double dh, bool bFinal)
+{
+    const QRectF vb = viewBoxOrBounds();
+    double left = 0, right = 0;
+    for (int i = 0; i < count && i < m_controlNodes.size(); ++i) {
+        const QRectF r = m_controlNodes.at(i)->rect();
+        left = i == 0 ? r.left() : std::min(left, r.left());
+        right = i == 0 ? r.right() : std::max(right, r.right());
+    }
+    const double dx = left - vb.left();
+    adjustSvgPosition(QPointF(dx, dy), right - vb.right() - dx, dh, bFinal);
+}
+
+void CGenCircle::appendThicknessInput(QJsonArray &array, int p)
+{
+    HandlePos::appendInput(*this, array, QStringLiteral("IDS_PHYSICSOBJ_LEN_THICKNESS"), p);
 }
 
 QString CGenCircle::colourPropName(int id)
@@ -422,11 +443,7 @@ QString CGenCircle::colourPropName(int id)
 
 void CGenCircle::resetDirection()
 {
-    DATA_MAP_STRUCT a;
-    a.propId = 1101;
-    a.dataType = 1;
-    a.name = QStringLiteral("IDS_SVG_PHYSICAL_DIRECTION");
-    m_attributes.insert(kDirectionAttr, a);
+    addAttribute(kDirectionAttr, 1101, 1, QStringLiteral("IDS_SVG_PHYSICAL_DIRECTION"));
 }
 
 QByteArray CGenCircle::directionComboData()
@@ -451,24 +468,14 @@ void CGenCircle::appendDirectionSetting(QJsonArray &array)
 void CGenCircle::applyDirectionSetting(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
     const auto it = values.constFind(QStringLiteral("idLensDirection"));
-    if (it == values.cend())
-        return;
-    QByteArray bytes;
-    {
-        QDataStream out(&bytes, QIODevice::WriteOnly);
-        out << it.value().toInt();
-    }
-    QDataStream in(bytes);
-    SetAttribute(kDirectionAttr, in, bRecord, bUndo);
+    if (it != values.cend())
+        AttrValue::apply(*this, kDirectionAttr, it.value().toInt(), bRecord, bUndo);
 }
 
-void CGenCircle::replayDirection(int value)
+void CGenCircle::applyFacing(int value, bool &facesRight)
 {
-    QByteArray bytes;
-    {
-        QDataStream out(&bytes, QIODevice::WriteOnly);
-        out << value;
-    }
-    QDataStream in(bytes);
-    SetAttribute(kDirectionAttr, in, false, false);
+    if (value == 0)
+        facesRight = true;
+    else if (value == 1)
+        facesRight = false;
 }

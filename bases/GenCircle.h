@@ -47,14 +47,20 @@ protected:
     // Hit-test region: the lens shape and the handles.
     void lensOutlineRegion();
     void repaint();
-    // (pos - lo) * 100 / (hi - lo), truncated; 0 for an empty range.
-    static int percentOf(double pos, double lo, double hi);
     QString colourPropName(int id);
+    // The document's view box, or its drawn bounds while it has none.
+    QRectF viewBoxOrBounds() const;
+    // Fits the drawing horizontally to the first `count` handles; its top moves by dy
+    // and its height grows by dh.
+    void spanHandles(int count, double dy, double dh, bool bFinal);
+    // The panel's thickness input "idPosValue" showing p.
+    void appendThicknessInput(QJsonArray &array, int p);
 
     void resetDirection();
     static QByteArray directionComboData();
     void appendDirectionSetting(QJsonArray &array);
     void applyDirectionSetting(QMap<QString, QString> &values, bool bRecord, bool bUndo);
     int directionValue() const;
-    void replayDirection(int value);
+    // A direction index as the faces-right flag (0 right, 1 left); others leave it.
+    static void applyFacing(int value, bool &facesRight);
 };

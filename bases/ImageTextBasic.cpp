@@ -1,4 +1,5 @@
 #include "ImageTextBasic.h"
+#include "AttrValue.h"
 #include <QFont>
 #include <QFontMetrics>
 #include <QJsonValue>
@@ -236,27 +237,11 @@ void CImageTextBasic::GetSettingArray(QJsonArray &array)
 bool CImageTextBasic::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
     const auto text = values.constFind(QStringLiteral("idTextContent"));
-    if (text != values.cend()) {
-        QByteArray bytes;
-        {
-            QDataStream out(&bytes, QIODevice::WriteOnly);
-            out << text.value();
-        }
-        QDataStream in(bytes);
-        SetAttribute(m_nTextAttrId, in, bRecord, bUndo);
-    }
+    if (text != values.cend())
+        AttrValue::apply(*this, m_nTextAttrId, text.value(), bRecord, bUndo);
     const auto color = values.constFind(QStringLiteral("idTextColor"));
-    if (color != values.cend()) {
-        QColor c;
-        c.setNamedColor(color.value());
-        QByteArray bytes;
-        {
-            QDataStream out(&bytes, QIODevice::WriteOnly);
-            out << c;
-        }
-        QDataStream in(bytes);
-        SetAttribute(m_nColorAttrId, in, bRecord, bUndo);
-    }
+    if (color != values.cend())
+        AttrValue::applyColour(*this, m_nColorAttrId, color.value(), bRecord, bUndo);
     return true;
 }
 

@@ -29,9 +29,7 @@ bool CLens::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
     if (!node || !docNode(QStringLiteral("lens")))
         return false;
     genLensPath();
-    QRectF vb = m_pDocument->viewBox();
-    if (vb.width() == 0 && vb.height() == 0)
-        vb = m_pDocument->transformedBounds();
+    const QRectF vb = viewBoxOrBounds();
     const bool thickness = node == m_controlNodes.value(0);
     const bool height = node == m_controlNodes.value(1);
     if ((thickness && vb.x() < 0) || (height && vb.y() < 0))

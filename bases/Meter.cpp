@@ -183,3 +183,44 @@ QJsonObject CMeter::valueItem(double reading, int decimals, const QString &min, 
     return m_pOwner->GetSettingJsonInput(QStringLiteral("idMeterValue"), QStringLiteral("IDS_PHYSICAL_METER_VALUE"),
                                          readingText(reading, decimals), QStringLiteral("float"), min, max, QString());
 }
+
+double CMeter::rangeReading(double angle, double full) const
+{
+    const double reading = scaleFraction(angle) * full;
+    return reading < 0.01 ? 0 : reading;
+}
+
+void CMeter::postRangeReading(double angle, double full)
+{
+    postSetting(QStringLiteral("idMeterValue"), readingText(rangeReading(angle, full), 2));
+}
+
+void CMeter::appendRangeItems(QJsonArray &array, int grade, const QString &small, const QString &large, double smallFull,
+                              double largeFull)
+{
+    const double full = grade == 0 ? smallFull : largeFull;
+    array.append(gradeItem(grade, small, large));
+    array.append(valueItem(rangeReading(getAngle(), full), 2, QStringLiteral("0"), QString::number(full)));
+}
+
+bool CMeter::applyGradeSetting(const QMap<QString, QString> &values, int &grade)
+{
+    const auto g = values.constFind(QStringLiteral("idMeterGrade"));
+    if (g == values.cend())
+        return false;
+    changeGrade(grade, g->toInt(nullptr, 10));
+    return true;
+}
+
+void CMeter::setTypedReading(double reading, double full)
+{
+    setTypedAngle(reading * (maxAngle - minAngle) / full + minAngle);
+}
+
+void CMeter::keepGrade(int id, int &grade, int &savedGrade)
+{
+    if (id == ATTR_CAPTURE)
+        savedGrade = grade;
+    else if (id == ATTR_RESTORE)
+        grade = savedGrade;
+}

@@ -45,6 +45,21 @@ protected:
     QJsonObject valueItem(double reading, int decimals, const QString &min, const QString &max) const;
     static QString readingText(double reading, int decimals);
 
+    // Two-range meters (grade 0 the small range, 1 the large one).
+    // Reading at the angle on a scale of full-scale value `full`; below 0.01 shows as 0.
+    double rangeReading(double angle, double full) const;
+    // Posts the reading on the chosen range's scale, 2 decimals.
+    void postRangeReading(double angle, double full);
+    // The panel items: the range and the reading on the present range.
+    void appendRangeItems(QJsonArray &array, int grade, const QString &small, const QString &large, double smallFull,
+                          double largeFull);
+    // "idMeterGrade" switches the range; true when the map held it (then nothing else is read).
+    bool applyGradeSetting(const QMap<QString, QString> &values, int &grade);
+    // A typed reading on a scale of full-scale value `full`.
+    void setTypedReading(double reading, double full);
+    // Attribute ids 2804 and 2805: the range is kept apart from the pointer.
+    static void keepGrade(int id, int &grade, int &savedGrade);
+
     int startMode = 0;
     double maxAngle = 0.0;
     double minAngle = 0.0;

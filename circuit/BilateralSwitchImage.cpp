@@ -1,4 +1,5 @@
 #include "BilateralSwitchImage.h"
+#include "bases/AttrValue.h"
 #include <svgobj.h>
 
 namespace {
@@ -6,17 +7,6 @@ enum { kStateAttr = 5102, kStatePropId = 1103, kBlades = 3 };
 
 // Blade shown for each state: open, closed up, closed down.
 const char *const kBladeOf[kBlades] = {"line_2", "line_1", "line_3"};
-
-void applyState(CSVGBase *c, int id, int value, bool bRecord, bool bUndo)
-{
-    QByteArray bytes;
-    {
-        QDataStream out(&bytes, QIODevice::WriteOnly);
-        out << value;
-    }
-    QDataStream in(bytes);
-    c->SetAttribute(id, in, bRecord, bUndo);
-}
 } // namespace
 
 CBilateralSwitchImage::CBilateralSwitchImage(CSVGObj *owner) : CAttribute(owner) {}
@@ -59,12 +49,7 @@ QString CBilateralSwitchImage::getPropName(int id)
 
 void CBilateralSwitchImage::ResetAtrribute()
 {
-    DATA_MAP_STRUCT a;
-    a.propId = kStatePropId;
-    a.dataType = 1;
-    a.name = QStringLiteral("IDS_SVG_PHYSICAL_SWITCH_STACE");
-    a.intValue = 1;
-    m_attributes.insert(kStateAttr, a);
+    addAttribute(kStateAttr, kStatePropId, 1, QStringLiteral("IDS_SVG_PHYSICAL_SWITCH_STACE"), 1);
 }
 
 QByteArray CBilateralSwitchImage::GetComboboxData()
@@ -91,10 +76,7 @@ void CBilateralSwitchImage::UpdateCombobox(bool)
 bool CBilateralSwitchImage::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 {
     const bool r = CAttribute::SetAttribute(id, in, bRecord, bUndo);
-    if (id == ATTR_CAPTURE)
-        m_nCapturedState = state();
-    else if (id == ATTR_RESTORE)
-        applyState(this, kStateAttr, m_nCapturedState, false, false);
+    keepAttribute(id, kStateAttr, m_nCapturedState);
     return r;
 }
 
@@ -112,6 +94,6 @@ bool CBilateralSwitchImage::SetSettingArray(QMap<QString, QString> &values, bool
 {
     const auto it = values.constFind(QStringLiteral("idSwitchState"));
     if (it != values.cend())
-        applyState(this, kStateAttr, it.value().toInt(), bRecord, bUndo);
+        AttrValue::apply(*this, kStateAttr, it.value().toInt(), bRecord, bUndo);
     return true;
 }

@@ -1,19 +1,9 @@
 #include "RingImage.h"
+#include "bases/AttrValue.h"
 #include <svgobj.h>
 
 namespace {
 enum { kRingAttr = 5101, kRingPropId = 1102 };
-
-void applyRinging(CSVGBase *c, bool on, bool bRecord, bool bUndo)
-{
-    QByteArray bytes;
-    {
-        QDataStream out(&bytes, QIODevice::WriteOnly);
-        out << on;
-    }
-    QDataStream in(bytes);
-    c->SetAttribute(kRingAttr, in, bRecord, bUndo);
-}
 } // namespace
 
 CRingImage::CRingImage(CSVGObj *owner) : CAttribute(owner) {}
@@ -48,12 +38,7 @@ QString CRingImage::getPropName(int id)
 
 void CRingImage::ResetAtrribute()
 {
-    DATA_MAP_STRUCT a;
-    a.propId = kRingPropId;
-    a.dataType = 0;
-    a.name = QStringLiteral("IDS_SVG_PHYSICAL_ELECTRIC_BELL");
-    a.boolValue = false;
-    m_attributes.insert(kRingAttr, a);
+    addAttribute(kRingAttr, kRingPropId, 0, QStringLiteral("IDS_SVG_PHYSICAL_ELECTRIC_BELL"), 0, false);
 }
 
 void CRingImage::UpdateCheckBox(bool)
@@ -67,10 +52,7 @@ void CRingImage::UpdateCheckBox(bool)
 bool CRingImage::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 {
     const bool r = CAttribute::SetAttribute(id, in, bRecord, bUndo);
-    if (id == ATTR_CAPTURE)
-        m_bCapturedRinging = ringing();
-    else if (id == ATTR_RESTORE)
-        applyRinging(this, m_bCapturedRinging, false, false);
+    keepAttribute(id, kRingAttr, m_bCapturedRinging);
     return r;
 }
 
@@ -85,6 +67,6 @@ bool CRingImage::SetSettingArray(QMap<QString, QString> &values, bool bRecord, b
 {
     const auto it = values.constFind(QStringLiteral("idBellIsRinging"));
     if (it != values.cend())
-        applyRinging(this, it.value() == QLatin1String("true"), bRecord, bUndo);
+        AttrValue::apply(*this, kRingAttr, it.value() == QLatin1String("true"), bRecord, bUndo);
     return true;
 }

@@ -1,19 +1,9 @@
 #include "SwitchImage.h"
+#include "bases/AttrValue.h"
 #include <svgobj.h>
 
 namespace {
 enum { kStateAttr = 5102, kStatePropId = 1103, kClosed = 0, kOpen = 1 };
-
-void applyState(CSVGBase *c, int id, int value, bool bRecord, bool bUndo)
-{
-    QByteArray bytes;
-    {
-        QDataStream out(&bytes, QIODevice::WriteOnly);
-        out << value;
-    }
-    QDataStream in(bytes);
-    c->SetAttribute(id, in, bRecord, bUndo);
-}
 } // namespace
 
 CSwitchImage::CSwitchImage(CSVGObj *owner) : CAttribute(owner) {}
@@ -51,12 +41,7 @@ QString CSwitchImage::getPropName(int id)
 
 void CSwitchImage::ResetAtrribute()
 {
-    DATA_MAP_STRUCT a;
-    a.propId = kStatePropId;
-    a.dataType = 1;
-    a.name = QStringLiteral("IDS_SVG_PHYSICAL_SWITCH_STACE");
-    a.intValue = kOpen;
-    m_attributes.insert(kStateAttr, a);
+    addAttribute(kStateAttr, kStatePropId, 1, QStringLiteral("IDS_SVG_PHYSICAL_SWITCH_STACE"), kOpen);
 }
 
 QByteArray CSwitchImage::GetComboboxData()
@@ -85,10 +70,7 @@ void CSwitchImage::UpdateCombobox(bool)
 bool CSwitchImage::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 {
     const bool r = CAttribute::SetAttribute(id, in, bRecord, bUndo);
-    if (id == ATTR_CAPTURE)
-        m_nCapturedState = state();
-    else if (id == ATTR_RESTORE)
-        applyState(this, kStateAttr, m_nCapturedState, false, false);
+    keepAttribute(id, kStateAttr, m_nCapturedState);
     return r;
 }
 
@@ -103,6 +85,6 @@ bool CSwitchImage::SetSettingArray(QMap<QString, QString> &values, bool bRecord,
 {
     const auto it = values.constFind(QStringLiteral("idSwitchIsConnected"));
     if (it != values.cend())
-        applyState(this, kStateAttr, it.value() == QLatin1String("true") ? kClosed : kOpen, bRecord, bUndo);
+        AttrValue::apply(*this, kStateAttr, int(it.value() == QLatin1String("true") ? kClosed : kOpen), bRecord, bUndo);
     return true;
 }

@@ -1,4 +1,5 @@
 #include "Knob.h"
+#include "bases/AttrValue.h"
 #include <cmath>
 #include <svgobj.h>
 
@@ -164,13 +165,7 @@ void CKnob::GetSettingArray(QJsonArray &array)
 
 void CKnob::setColour(int attribute, const QColor &colour, bool bRecord, bool bUndo)
 {
-    QByteArray bytes;
-    {
-        QDataStream out(&bytes, QIODevice::WriteOnly);
-        out << colour;
-    }
-    QDataStream in(bytes);
-    SetAttribute(attribute, in, bRecord, bUndo);
+    AttrValue::apply(*this, attribute, colour, bRecord, bUndo);
 }
 
 bool CKnob::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)

@@ -22,43 +22,26 @@ int CMeterAmpere::getSVGType() { return 403; }
 
 void CMeterAmpere::GetSettingArray(QJsonArray &array)
 {
-    if (!m_pOwner)
-        return;
-    array.append(gradeItem(grade, QStringLiteral("IDS_PHYSICAL_CURRENT_METER_GRADE1"),
-                           QStringLiteral("IDS_PHYSICAL_CURRENT_METER_GRADE2")));
-    double reading = scaleFraction(getAngle()) * (grade == 0 ? 0.6 : 3.0);
-    if (reading < 0.01)
-        reading = 0;
-    array.append(valueItem(reading, 2, QStringLiteral("0"), grade == 0 ? QStringLiteral("0.6") : QStringLiteral("3")));
+    if (m_pOwner)
+        appendRangeItems(array, grade, QStringLiteral("IDS_PHYSICAL_CURRENT_METER_GRADE1"),
+                         QStringLiteral("IDS_PHYSICAL_CURRENT_METER_GRADE2"), kRange[0], kRange[1]);
 }
 
-void CMeterAmpere::angelChangedByControl(double angle)
-{
-    double reading = scaleFraction(angle) * (grade == 0 ? 0.6 : 3.0);
-    if (reading < 0.01)
-        reading = 0;
-    postSetting(QStringLiteral("idMeterValue"), readingText(reading, 2));
-}
+void CMeterAmpere::angelChangedByControl(double angle) { postRangeReading(angle, kRange[grade == 0 ? 0 : 1]); }
 
 bool CMeterAmpere::SetSettingArray(QMap<QString, QString> &values, bool, bool)
 {
-    const auto g = values.constFind(QStringLiteral("idMeterGrade"));
-    if (g != values.cend()) {
-        changeGrade(grade, g->toInt(nullptr, 10));
+    if (applyGradeSetting(values, grade))
         return true;
-    }
     const auto v = values.constFind(QStringLiteral("idMeterValue"));
     if (v != values.cend())
-        setTypedAngle(v->toDouble() * (maxAngle - minAngle) / kRange[grade == 0 ? 0 : 1] + minAngle);
+        setTypedReading(v->toDouble(), kRange[grade == 0 ? 0 : 1]);
     return true;
 }
 
 bool CMeterAmpere::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 {
     const bool r = CMeter::SetAttribute(id, in, bRecord, bUndo);
-    if (id == ATTR_CAPTURE)
-        savedGrade = grade;
-    else if (id == ATTR_RESTORE)
-        grade = savedGrade;
+    keepGrade(id, grade, savedGrade);
     return r;
 }

@@ -1,4 +1,5 @@
 #include "Ruler.h"
+#include "bases/AttrValue.h"
 #include <QJsonArray>
 #include <cmath>
 #include <limits>
@@ -238,17 +239,8 @@ void CRuler::GetSettingArray(QJsonArray &array)
 bool CRuler::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
     const auto color = values.constFind(QStringLiteral("idScaleColor"));
-    if (color != values.cend()) {
-        QColor c;
-        c.setNamedColor(color.value());
-        QByteArray bytes;
-        {
-            QDataStream out(&bytes, QIODevice::WriteOnly);
-            out << c;
-        }
-        QDataStream in(bytes);
-        SetAttribute(kScaleColorAttr, in, bRecord, bUndo);
-    }
+    if (color != values.cend())
+        AttrValue::applyColour(*this, kScaleColorAttr, color.value(), bRecord, bUndo);
     const auto pos = values.constFind(QStringLiteral("idPosValue"));
     if (pos != values.cend() && !m_controlNodes.isEmpty()) {
         // The panel offers 0 to 100; a value beyond would build ticks without end
@@ -270,13 +262,7 @@ bool CRuler::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
             m_savedScaleColor = it->color;
         m_dSavedControlPos = getControlPos();
     } else if (id == ATTR_RESTORE) {
-        QByteArray bytes;
-        {
-            QDataStream out(&bytes, QIODevice::WriteOnly);
-            out << m_savedScaleColor;
-        }
-        QDataStream colour(bytes);
-        SetAttribute(kScaleColorAttr, colour, false, false);
+        AttrValue::apply(*this, kScaleColorAttr, m_savedScaleColor, false, false);
         setControlPos(m_dSavedControlPos);
     }
     return r;

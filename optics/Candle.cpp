@@ -1,9 +1,6 @@
 #include "Candle.h"
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <cmath>
-#include <framework.h>
+#include "bases/Attribute.h"
+#include "bases/HandlePos.h"
 #include <svgobj.h>
 
 CCandle::CCandle(CSVGObj *owner) : CSVGBase(owner) {}
@@ -53,57 +50,25 @@ bool CCandle::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
     return true;
 }
 
-double CCandle::getControlPos()
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    return h ? h->numAttribute(QStringLiteral("y")) : 0;
-}
+double CCandle::getControlPos() { return HandlePos::get(*this, 0, HandlePos::Y); }
 
-void CCandle::setControlPos(double y)
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    if (!h || !std::isfinite(y))
-        return;
-    const double old = h->numAttribute(QStringLiteral("y"));
-    h->setNumAttribute(QStringLiteral("y"), y);
-    m_bPosByCode = true;
-    updateSVG(h, QPointF(0, y - old), true);
-    m_bPosByCode = false;
-}
+void CCandle::setControlPos(double y) { HandlePos::set(*this, 0, HandlePos::Y, y, m_bPosByCode); }
 
-int CCandle::percent()
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    const double lo = getYMin(h), hi = getYMax(h);
-    const double p = (getControlPos() - lo) * 100 / (hi - lo);
-    return std::isfinite(p) ? int(std::max(-1e9, std::min(1e9, p))) : 0;
-}
+int CCandle::percent() { return HandlePos::percent(*this, 0, HandlePos::Y, getControlPos()); }
 
-void CCandle::posChangedByControl()
-{
-    QJsonObject item{{QStringLiteral("id"), QStringLiteral("idPosValue")}, {QStringLiteral("value"), QString::number(percent())}};
-    const QByteArray json = QJsonDocument(QJsonObject{{QStringLiteral("settings"), QJsonArray{item}}}).toJson();
-    GetFramework()->PostMessage(CFramework::MSG_SETTINGS_CHANGED, 0, &json, -1);
-}
+void CCandle::posChangedByControl() { postPanelSetting(QStringLiteral("idPosValue"), QString::number(percent())); }
 
 void CCandle::GetSettingArray(QJsonArray &array)
 {
-    if (!m_pOwner)
-        return;
-    array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idPosValue"), QStringLiteral("IDS_PHYSICSOBJ_HEIGHT"),
-                                               QStringLiteral("%1").arg(percent()), QStringLiteral("int"),
-                                               QStringLiteral("0"), QStringLiteral("100"), QString()));
+    if (m_pOwner)
+        HandlePos::appendInput(*this, array, QStringLiteral("IDS_PHYSICSOBJ_HEIGHT"), percent());
 }
 
 bool CCandle::SetSettingArray(QMap<QString, QString> &values, bool, bool)
 {
-    const auto it = values.constFind(QStringLiteral("idPosValue"));
-    QSvgNode *h = m_controlNodes.value(0);
-    if (it != values.cend() && h) {
-        const int v = qBound(0, it.value().toInt(), 100);
-        const double lo = getYMin(h), hi = getYMax(h);
-        setControlPos((hi - lo) * v / 100 + lo);
-    }
+    double y = 0;
+    if (HandlePos::target(*this, values, 0, HandlePos::Y, false, y))
+        setControlPos(y);
     return true;
 }
 

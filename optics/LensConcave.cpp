@@ -1,5 +1,5 @@
 #include "LensConcave.h"
-#include <QJsonArray>
+#include "bases/HandlePos.h"
 #include <cmath>
 #include <svgobj.h>
 
@@ -133,29 +133,11 @@ void CLensConcave::updateOutlineRegion() { lensOutlineRegion(); }
 
 QString CLensConcave::getPropName(int id) { return colourPropName(id); }
 
-double CLensConcave::getControlPos()
-{
-    QSvgNode *h = m_controlNodes.value(1);
-    return h ? h->numAttribute(QStringLiteral("x")) : 0;
-}
+double CLensConcave::getControlPos() { return HandlePos::get(*this, 1, HandlePos::X); }
 
-void CLensConcave::setControlPos(double x)
-{
-    QSvgNode *h = m_controlNodes.value(1);
-    if (!h || !std::isfinite(x))
-        return;
-    const double old = h->numAttribute(QStringLiteral("x"));
-    h->setNumAttribute(QStringLiteral("x"), x);
-    m_bPosByCode = true;
-    updateSVG(h, QPointF(x - old, 0), true);
-    m_bPosByCode = false;
-}
+void CLensConcave::setControlPos(double x) { HandlePos::set(*this, 1, HandlePos::X, x, m_bPosByCode); }
 
-int CLensConcave::percent()
-{
-    QSvgNode *h = m_controlNodes.value(1);
-    return percentOf(getControlPos(), getXMin(h), getXMax(h));
-}
+int CLensConcave::percent() { return HandlePos::percent(*this, 1, HandlePos::X, getControlPos()); }
 
 void CLensConcave::posChangedByControl()
 {
@@ -164,22 +146,15 @@ void CLensConcave::posChangedByControl()
 
 void CLensConcave::GetSettingArray(QJsonArray &array)
 {
-    if (!m_pOwner)
-        return;
-    array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idPosValue"), QStringLiteral("IDS_PHYSICSOBJ_LEN_THICKNESS"),
-                                               QStringLiteral("%1").arg(percent()), QStringLiteral("int"),
-                                               QStringLiteral("0"), QStringLiteral("100"), QString()));
+    if (m_pOwner)
+        appendThicknessInput(array, percent());
 }
 
 bool CLensConcave::SetSettingArray(QMap<QString, QString> &values, bool, bool)
 {
-    const auto it = values.constFind(QStringLiteral("idPosValue"));
-    QSvgNode *h = m_controlNodes.value(1);
-    if (it != values.cend() && h) {
-        const int v = qBound(0, it.value().toInt(), 100);
-        const double lo = getXMin(h), hi = getXMax(h);
-        setControlPos((hi - lo) * v / 100 + lo);
-    }
+    double x = 0;
+    if (HandlePos::target(*this, values, 1, HandlePos::X, false, x))
+        setControlPos(x);
     return true;
 }
 

@@ -1,5 +1,5 @@
 #include "LensRaised.h"
-#include <QJsonArray>
+#include "bases/HandlePos.h"
 #include <cmath>
 #include <svgobj.h>
 
@@ -56,29 +56,11 @@ bool CLensRaised::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
     return CLens::updateSVG(node, offset, bFinal);
 }
 
-double CLensRaised::getControlPos()
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    return h ? h->numAttribute(QStringLiteral("x")) : 0;
-}
+double CLensRaised::getControlPos() { return HandlePos::get(*this, 0, HandlePos::X); }
 
-void CLensRaised::setControlPos(double x)
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    if (!h || !std::isfinite(x))
-        return;
-    const double old = h->numAttribute(QStringLiteral("x"));
-    h->setNumAttribute(QStringLiteral("x"), x);
-    m_bPosByCode = true;
-    updateSVG(h, QPointF(x - old, 0), true);
-    m_bPosByCode = false;
-}
+void CLensRaised::setControlPos(double x) { HandlePos::set(*this, 0, HandlePos::X, x, m_bPosByCode); }
 
-int CLensRaised::percent()
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    return percentOf(getControlPos(), getXMin(h), getXMax(h));
-}
+int CLensRaised::percent() { return HandlePos::percent(*this, 0, HandlePos::X, getControlPos()); }
 
 void CLensRaised::posChangedByControl()
 {
@@ -87,22 +69,15 @@ void CLensRaised::posChangedByControl()
 
 void CLensRaised::GetSettingArray(QJsonArray &array)
 {
-    if (!m_pOwner)
-        return;
-    array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idPosValue"), QStringLiteral("IDS_PHYSICSOBJ_LEN_THICKNESS"),
-                                               QStringLiteral("%1").arg(percent()), QStringLiteral("int"),
-                                               QStringLiteral("0"), QStringLiteral("100"), QString()));
+    if (m_pOwner)
+        appendThicknessInput(array, percent());
 }
 
 bool CLensRaised::SetSettingArray(QMap<QString, QString> &values, bool, bool)
 {
-    const auto it = values.constFind(QStringLiteral("idPosValue"));
-    QSvgNode *h = m_controlNodes.value(0);
-    if (it != values.cend() && h) {
-        const int v = qBound(0, it.value().toInt(), 100);
-        const double lo = getXMin(h), hi = getXMax(h);
-        setControlPos((hi - lo) * v / 100 + lo);
-    }
+    double x = 0;
+    if (HandlePos::target(*this, values, 0, HandlePos::X, false, x))
+        setControlPos(x);
     return true;
 }
 

@@ -1,5 +1,5 @@
 #include "LensSemiConcave.h"
-#include <QJsonArray>
+#include "bases/HandlePos.h"
 #include <cmath>
 #include <svgobj.h>
 
@@ -51,15 +51,7 @@ bool CLensSemiConcave::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
     rect->setNumAttribute(QStringLiteral("height"), c3.y() - c1.y());
     placeCircle(circle, c1, c2, QPointF(c1.x(), c3.y()));
     genLensPath();
-
-    QRectF vb = m_pDocument->viewBox();
-    if (vb.width() == 0 && vb.height() == 0)
-        vb = m_pDocument->transformedBounds();
-    const QRectF r1 = h1->rect(), r2 = h2->rect(), r3 = h3->rect();
-    const double left = std::min({r1.left(), r2.left(), r3.left()});
-    const double right = std::max({r1.right(), r2.right(), r3.right()});
-    const double dx = left - vb.left();
-    adjustSvgPosition(QPointF(dx, 0), right - vb.right() - dx, node == h3 ? offset.y() : 0, bFinal);
+    spanHandles(3, 0, node == h3 ? offset.y() : 0, bFinal);
     if (bFinal)
         updateOutlineRegion();
     repaint();
@@ -122,20 +114,12 @@ int CLensSemiConcave::percent()
     return m_bFacesRight ? p : 100 - p;
 }
 
-void CLensSemiConcave::posChangedByControl()
-{
-    postSetting(QStringLiteral("idPosValue"), QString::number(percent()));
-}
+// The percentage it posts is already mirrored by percent().
+void CLensSemiConcave::posChangedByControl() { CLensConcave::posChangedByControl(); }
 
 int CLensSemiConcave::ConvertValue() { return m_bFacesRight ? 0 : 1; }
 
-void CLensSemiConcave::SetConvertValue(int value)
-{
-    if (value == 0)
-        m_bFacesRight = true;
-    else if (value == 1)
-        m_bFacesRight = false;
-}
+void CLensSemiConcave::SetConvertValue(int value) { applyFacing(value, m_bFacesRight); }
 
 void CLensSemiConcave::UpdateRightLeft(QSvgNode *handle, bool right)
 {
@@ -156,8 +140,7 @@ void CLensSemiConcave::UpdateCombobox(bool)
     UpdateRightLeft(m_controlNodes.value(1), m_bFacesRight);
     updateSVG(h1, QPointF(0, 0), false);
     updateOutlineRegion();
-    if (m_pOwner)
-        m_pOwner->update(QRectF());
+    repaint();
 }
 
 void CLensSemiConcave::GetSettingArray(QJsonArray &array)
@@ -171,28 +154,20 @@ void CLensSemiConcave::GetSettingArray(QJsonArray &array)
 bool CLensSemiConcave::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
     applyDirectionSetting(values, bRecord, bUndo);
-    const auto it = values.constFind(QStringLiteral("idPosValue"));
-    QSvgNode *h = m_controlNodes.value(1);
-    if (it != values.cend() && h) {
-        int v = qBound(0, it.value().toInt(), 100);
-        if (!m_bFacesRight)
-            v = 100 - v;
-        const double lo = getXMin(h), hi = getXMax(h);
-        setControlPos((hi - lo) * v / 100 + lo);
-    }
+    double x = 0;
+    if (HandlePos::target(*this, values, 1, HandlePos::X, !m_bFacesRight, x))
+        setControlPos(x);
     return true;
 }
 
 bool CLensSemiConcave::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 {
-    // The direction goes back before the position, whose bounds depend on it.
     const bool r = CGenCircle::SetAttribute(id, in, bRecord, bUndo);
-    if (id == ATTR_CAPTURE) {
+    // The direction goes back before the position, whose bounds depend on it.
+    keepAttribute(id, kDirectionAttr, m_nSavedDirection);
+    if (id == ATTR_CAPTURE)
         m_dSavedControlPos = getControlPos();
-        m_nSavedDirection = directionValue();
-    } else if (id == ATTR_RESTORE) {
-        replayDirection(m_nSavedDirection);
+    else if (id == ATTR_RESTORE)
         setControlPos(m_dSavedControlPos);
-    }
     return r;
 }

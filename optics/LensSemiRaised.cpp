@@ -1,5 +1,5 @@
 #include "LensSemiRaised.h"
-#include <QJsonArray>
+#include "bases/HandlePos.h"
 #include <cmath>
 #include <svgobj.h>
 
@@ -58,14 +58,8 @@ bool CLensSemiRaised::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
     if (!node || !docNode(QStringLiteral("lens")) || !h1 || !h2)
         return false;
     genLensPath();
-    QRectF vb = m_pDocument->viewBox();
-    if (vb.width() == 0 && vb.height() == 0)
-        vb = m_pDocument->transformedBounds();
     // Horizontally the drawing spans both handles; vertically it grows about its centre.
-    const QRectF r1 = h1->rect(), r2 = h2->rect();
-    const double left = std::min(r1.left(), r2.left()), right = std::max(r1.right(), r2.right());
-    const double dx = left - vb.left();
-    adjustSvgPosition(QPointF(dx, -offset.y()), right - vb.right() - dx, 2 * offset.y(), bFinal);
+    spanHandles(2, -offset.y(), 2 * offset.y(), bFinal);
     if (bFinal)
         updateOutlineRegion();
     repaint();
@@ -104,28 +98,13 @@ double CLensSemiRaised::getYMin(QSvgNode *node)
     return 2 * std::fabs(h1->rect().center().x() - h2->rect().center().x()) - h2->rect().height();
 }
 
-double CLensSemiRaised::getControlPos()
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    return h ? h->numAttribute(QStringLiteral("x")) : 0;
-}
+double CLensSemiRaised::getControlPos() { return HandlePos::get(*this, 0, HandlePos::X); }
 
-void CLensSemiRaised::setControlPos(double x)
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    if (!h || !std::isfinite(x))
-        return;
-    const double old = h->numAttribute(QStringLiteral("x"));
-    h->setNumAttribute(QStringLiteral("x"), x);
-    m_bPosByCode = true;
-    updateSVG(h, QPointF(x - old, 0), true);
-    m_bPosByCode = false;
-}
+void CLensSemiRaised::setControlPos(double x) { HandlePos::set(*this, 0, HandlePos::X, x, m_bPosByCode); }
 
 int CLensSemiRaised::percent()
 {
-    QSvgNode *h = m_controlNodes.value(0);
-    const int p = percentOf(getControlPos(), getXMin(h), getXMax(h));
+    const int p = HandlePos::percent(*this, 0, HandlePos::X, getControlPos());
     return m_bFacesRight ? p : 100 - p;
 }
 
@@ -136,13 +115,7 @@ void CLensSemiRaised::posChangedByControl()
 
 int CLensSemiRaised::ConvertValue() { return m_bFacesRight ? 0 : 1; }
 
-void CLensSemiRaised::SetConvertValue(int value)
-{
-    if (value == 0)
-        m_bFacesRight = true;
-    else if (value == 1)
-        m_bFacesRight = false;
-}
+void CLensSemiRaised::SetConvertValue(int value) { applyFacing(value, m_bFacesRight); }
 
 void CLensSemiRaised::UpdateRightLeft(bool right)
 {
@@ -160,8 +133,7 @@ void CLensSemiRaised::UpdateCombobox(bool)
     SetConvertValue(directionValue());
     UpdateRightLeft(m_bFacesRight);
     updateOutlineRegion();
-    if (m_pOwner)
-        m_pOwner->update(QRectF());
+    repaint();
 }
 
 void CLensSemiRaised::GetSettingArray(QJsonArray &array)
@@ -169,35 +141,26 @@ void CLensSemiRaised::GetSettingArray(QJsonArray &array)
     if (!m_pOwner)
         return;
     appendDirectionSetting(array);
-    array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idPosValue"), QStringLiteral("IDS_PHYSICSOBJ_LEN_THICKNESS"),
-                                               QStringLiteral("%1").arg(percent()), QStringLiteral("int"),
-                                               QStringLiteral("0"), QStringLiteral("100"), QString()));
+    appendThicknessInput(array, percent());
 }
 
 bool CLensSemiRaised::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
     applyDirectionSetting(values, bRecord, bUndo);
-    const auto it = values.constFind(QStringLiteral("idPosValue"));
-    QSvgNode *h = m_controlNodes.value(0);
-    if (it != values.cend() && h) {
-        int v = qBound(0, it.value().toInt(), 100);
-        if (!m_bFacesRight)
-            v = 100 - v;
-        const double lo = getXMin(h), hi = getXMax(h);
-        setControlPos((hi - lo) * v / 100 + lo);
-    }
+    double x = 0;
+    if (HandlePos::target(*this, values, 0, HandlePos::X, !m_bFacesRight, x))
+        setControlPos(x);
     return true;
 }
 
 bool CLensSemiRaised::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 {
     const bool r = CLens::SetAttribute(id, in, bRecord, bUndo);
-    if (id == ATTR_CAPTURE) {
+    // The direction goes back before the position, whose bounds depend on it.
+    keepAttribute(id, kDirectionAttr, m_nSavedDirection);
+    if (id == ATTR_CAPTURE)
         m_dSavedControlPos = getControlPos();
-        m_nSavedDirection = directionValue();
-    } else if (id == ATTR_RESTORE) {
-        replayDirection(m_nSavedDirection);
+    else if (id == ATTR_RESTORE)
         setControlPos(m_dSavedControlPos);
-    }
     return r;
 }

@@ -1,6 +1,7 @@
 #include "OpticalBracket.h"
+#include "bases/AttrValue.h"
+#include "bases/HandlePos.h"
 #include <QJsonArray>
-#include <cmath>
 #include <svgobj.h>
 
 namespace {
@@ -54,11 +55,7 @@ int COpticalBracket::getSVGType() { return 606; }
 
 void COpticalBracket::ResetAtrribute()
 {
-    DATA_MAP_STRUCT a;
-    a.propId = 1103;
-    a.dataType = 1;
-    a.name = QStringLiteral("IDS_SVG_PHYSICAL_BRACKET_LOCATION");
-    m_attributes.insert(kOrientationAttr, a);
+    addAttribute(kOrientationAttr, 1103, 1, QStringLiteral("IDS_SVG_PHYSICAL_BRACKET_LOCATION"));
 }
 
 QByteArray COpticalBracket::GetComboboxData()
@@ -105,31 +102,11 @@ bool COpticalBracket::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
     return true;
 }
 
-double COpticalBracket::getControlPos()
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    return h ? h->numAttribute(QStringLiteral("y")) : 0;
-}
+double COpticalBracket::getControlPos() { return HandlePos::get(*this, 0, HandlePos::Y); }
 
-void COpticalBracket::setControlPos(double y)
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    if (!h || !std::isfinite(y))
-        return;
-    const double old = h->numAttribute(QStringLiteral("y"));
-    h->setNumAttribute(QStringLiteral("y"), y);
-    m_bPosByCode = true;
-    updateSVG(h, QPointF(0, y - old), true);
-    m_bPosByCode = false;
-}
+void COpticalBracket::setControlPos(double y) { HandlePos::set(*this, 0, HandlePos::Y, y, m_bPosByCode); }
 
-int COpticalBracket::percent()
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    const double lo = getYMin(h), hi = getYMax(h);
-    const double p = (getControlPos() - lo) * 100 / (hi - lo);
-    return std::isfinite(p) ? int(std::max(-1e9, std::min(1e9, p))) : 0;
-}
+int COpticalBracket::percent() { return HandlePos::percent(*this, 0, HandlePos::Y, getControlPos()); }
 
 void COpticalBracket::posChangedByControl()
 {
@@ -144,49 +121,29 @@ void COpticalBracket::GetSettingArray(QJsonArray &array)
         QStringLiteral("idBracketDirection"), QStringLiteral("IDS_PHYSICSOBJ_DIRECTION"), orientation(), QStringList(),
         {QStringLiteral("IDS_PHYSICSOBJ_BRACKET_POSITIVE"), QStringLiteral("IDS_PHYSICSOBJ_BRACKET_POSI45"),
          QStringLiteral("IDS_PHYSICSOBJ_BRACKET_SIDE"), QStringLiteral("IDS_PHYSICSOBJ_BRACKET_NEGA45")}));
-    array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idPosValue"), QStringLiteral("IDS_PHYSICSOBJ_BRACKET_HEIGHT"),
-                                               QStringLiteral("%1").arg(percent()), QStringLiteral("int"),
-                                               QStringLiteral("0"), QStringLiteral("100"), QString()));
+    HandlePos::appendInput(*this, array, QStringLiteral("IDS_PHYSICSOBJ_BRACKET_HEIGHT"), percent());
 }
 
 bool COpticalBracket::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
     const auto dir = values.constFind(QStringLiteral("idBracketDirection"));
-    if (dir != values.cend()) {
-        QByteArray bytes;
-        {
-            QDataStream out(&bytes, QIODevice::WriteOnly);
-            out << dir.value().toInt();
-        }
-        QDataStream in(bytes);
-        SetAttribute(kOrientationAttr, in, bRecord, bUndo);
-    }
-    const auto pos = values.constFind(QStringLiteral("idPosValue"));
-    QSvgNode *h = m_controlNodes.value(0);
-    if (pos != values.cend() && h) {
-        const int v = qBound(0, pos.value().toInt(), 100);
-        const double lo = getYMin(h), hi = getYMax(h);
-        setControlPos((hi - lo) * v / 100 + lo);
-    }
+    if (dir != values.cend())
+        AttrValue::apply(*this, kOrientationAttr, dir.value().toInt(), bRecord, bUndo);
+    double y = 0;
+    if (HandlePos::target(*this, values, 0, HandlePos::Y, false, y))
+        setControlPos(y);
     return true;
 }
 
 bool COpticalBracket::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 {
     const bool r = CAttribute::SetAttribute(id, in, bRecord, bUndo);
-    if (id == ATTR_CAPTURE) {
+    // The orientation goes back before the height.
+    keepAttribute(id, kOrientationAttr, m_nSavedOrientation);
+    if (id == ATTR_CAPTURE)
         m_dSavedControlPos = getControlPos();
-        m_nSavedOrientation = orientation();
-    } else if (id == ATTR_RESTORE) {
-        QByteArray bytes;
-        {
-            QDataStream out(&bytes, QIODevice::WriteOnly);
-            out << m_nSavedOrientation;
-        }
-        QDataStream orientationIn(bytes);
-        SetAttribute(kOrientationAttr, orientationIn, false, false);
+    else if (id == ATTR_RESTORE)
         setControlPos(m_dSavedControlPos);
-    }
     return r;
 }
 

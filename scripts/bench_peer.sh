@@ -3,17 +3,7 @@
 # 27 labels) and prints the ratios; absolute times on shared machines are too noisy
 # to compare across runs. Both sides are timed in thread CPU time, median of runs.
 # Exits 1 when a target is missed.
-set -euo pipefail
-cd "$(dirname "$0")/.."
-BUILD_DIR=${BUILD_DIR:-build}
-REPS=${REPS:-300}
-export QT_QPA_PLATFORM=offscreen
-
-cmake -S . -B "$BUILD_DIR" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DPHYS_BENCH=ON >/dev/null
-cmake --build "$BUILD_DIR" -j"$(nproc)" --target physlab phys_bench qtsvg_peer >/dev/null
-
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
+source "$(dirname "$0")/bench_common.sh"
 svg="$work/ruler-full.svg"
 printf 'new 109 --default-size\nset idPosValue=100\nsvg\n' |
   "$BUILD_DIR/apps/physlab/physlab" run | jq -r 'select(.svg) | .svg' >"$svg"
@@ -28,7 +18,6 @@ ours=$("$BUILD_DIR/bench/phys_bench" --benchmark_filter='^BM_Ruler' --benchmark_
   --benchmark_report_aggregates_only=true --benchmark_format=json 2>/dev/null)
 peer=$("$BUILD_DIR/bench/qtsvg_peer/qtsvg_peer" --reps "$REPS" "$svg" 2>/dev/null)
 
-median() { jq -r --arg n "$1_median" '.benchmarks[] | select(.name == $n) | .cpu_time' <<<"$ours"; }
 drag_us=$(awk -v ns="$(median BM_RulerDragUpdate)" 'BEGIN { printf "%.3f", ns / 1000 }')
 paint_us=$(awk -v ns="$(median BM_RulerRepaint)" 'BEGIN { printf "%.1f", ns / 1000 }')
 p99_us=$(jq -r '.benchmarks[] | select(.name == "BM_RulerSweep_median") | .p99_us' <<<"$ours")

@@ -3,17 +3,7 @@
 # documents and prints the ratios; absolute times on shared machines are too noisy to
 # compare across runs. Both sides are timed in thread CPU time, median of runs.
 # Exits 1 when a target is missed.
-set -euo pipefail
-cd "$(dirname "$0")/.."
-BUILD_DIR=${BUILD_DIR:-build}
-REPS=${REPS:-300}
-export QT_QPA_PLATFORM=offscreen
-
-cmake -S . -B "$BUILD_DIR" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DPHYS_BENCH=ON >/dev/null
-cmake --build "$BUILD_DIR" -j"$(nproc)" --target physlab phys_bench qtsvg_peer >/dev/null
-
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
+source "$(dirname "$0")/bench_common.sh"
 for type in 403 401; do
   printf 'new %s --default-size\nsvg\n' "$type" |
     "$BUILD_DIR/apps/physlab/physlab" run | jq -r 'select(.svg) | .svg' >"$work/$type.svg"
@@ -23,7 +13,6 @@ ours=$("$BUILD_DIR/bench/phys_bench" --benchmark_filter='^BM_(MeterDragUpdate|Kn
   --benchmark_report_aggregates_only=true --benchmark_format=json 2>/dev/null)
 peer=$("$BUILD_DIR/bench/qtsvg_peer/qtsvg_peer" --reps "$REPS" "$work/403.svg" "$work/401.svg" 2>/dev/null)
 
-median() { jq -r --arg n "$1_median" '.benchmarks[] | select(.name == $n) | .cpu_time' <<<"$ours"; }
 meter_us=$(awk -v ns="$(median BM_MeterDragUpdate)" 'BEGIN { printf "%.3f", ns / 1000 }')
 knob_us=$(awk -v ns="$(median BM_KnobDrag)" 'BEGIN { printf "%.3f", ns / 1000 }')
 meter_load=$(jq -r 'select(.file | endswith("403.svg")) | .load_cpu_us' <<<"$peer")

@@ -1,5 +1,6 @@
 #pragma once
 // Shared helpers for the suites: make apparatus, stream them, compare documents.
+#include "docdiff.h"
 #include <QByteArray>
 #include <QDataStream>
 #include <QJsonArray>
@@ -45,27 +46,11 @@ inline QString svgText(CSVGBase *c) { return QString::fromUtf8(c->document()->to
 // Documents equal up to numbers that differ by at most tol.
 inline ::testing::AssertionResult sameDocument(const QString &a, const QString &b, double tol = 1e-9)
 {
-    static const QRegularExpression num(QStringLiteral("-?\\d+(\\.\\d+)?([eE][-+]?\\d+)?"));
-    auto split = [](const QString &s, QStringList &text, QVector<double> &nums) {
-        int last = 0;
-        auto it = num.globalMatch(s);
-        while (it.hasNext()) {
-            const auto m = it.next();
-            text << s.mid(last, m.capturedStart() - last);
-            nums << m.captured().toDouble();
-            last = m.capturedEnd();
-        }
-        text << s.mid(last);
-    };
-    QStringList ta, tb;
-    QVector<double> na, nb;
-    split(a, ta, na);
-    split(b, tb, nb);
-    if (ta != tb || na.size() != nb.size())
+    const DocDiff d = compareDocuments(a, b, tol);
+    if (d.kind == DocDiff::Structure)
         return ::testing::AssertionFailure() << "documents differ in structure:\n" << a.toStdString() << "\n---\n" << b.toStdString();
-    for (int i = 0; i < na.size(); ++i)
-        if (std::fabs(na[i] - nb[i]) > tol * std::max(1.0, std::fabs(na[i])))
-            return ::testing::AssertionFailure() << "number " << i << " differs: " << na[i] << " vs " << nb[i];
+    if (d.kind == DocDiff::Number)
+        return ::testing::AssertionFailure() << "number " << d.index << " differs: " << d.a << " vs " << d.b;
     return ::testing::AssertionSuccess();
 }
 

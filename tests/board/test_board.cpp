@@ -8,6 +8,7 @@
 #include "Recorder.h"
 #include "Strings.h"
 #include "Toolbox.h"
+#include "../docdiff.h"
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
@@ -42,28 +43,7 @@ QString docOf(CWBPhysicalObject *o) { return QString::fromUtf8(o->content()->doc
 // Documents equal up to rounding of their numbers.
 bool sameDocument(const QString &a, const QString &b, double tol = 1e-6)
 {
-    static const QRegularExpression num(QStringLiteral("-?\\d+(\\.\\d+)?([eE][-+]?\\d+)?"));
-    auto split = [](const QString &s, QStringList &text, QVector<double> &nums) {
-        int last = 0;
-        auto it = num.globalMatch(s);
-        while (it.hasNext()) {
-            const auto m = it.next();
-            text << s.mid(last, m.capturedStart() - last);
-            nums << m.captured().toDouble();
-            last = m.capturedEnd();
-        }
-        text << s.mid(last);
-    };
-    QStringList ta, tb;
-    QVector<double> na, nb;
-    split(a, ta, na);
-    split(b, tb, nb);
-    if (ta != tb || na.size() != nb.size())
-        return false;
-    for (int i = 0; i < na.size(); ++i)
-        if (std::fabs(na[i] - nb[i]) > tol * std::max(1.0, std::fabs(na[i])))
-            return false;
-    return true;
+    return compareDocuments(a, b, tol).kind == DocDiff::Same;
 }
 
 QString settingValue(CWBPhysicalObject *o, const QString &id)

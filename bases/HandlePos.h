@@ -1,0 +1,32 @@
+#pragma once
+// A handle whose place the panel shows as a percentage of its travel ("idPosValue"):
+// reading and moving it, the percentage, the panel input, and the place a typed
+// percentage stands for. The apparatus keep their own guard and call these.
+#include <QMap>
+#include <QString>
+
+class CSVGBase;
+class QJsonArray;
+
+namespace HandlePos {
+
+enum Axis { X, Y };
+
+// The handle's x or y attribute; 0 when the template has no such handle.
+double get(const CSVGBase &obj, int index, Axis axis);
+// Writes pos into the handle and hands the move to updateSVG as a final drag by
+// (pos - old), with `guard` set meanwhile so that the move does not echo to the panel.
+// A missing handle or a pos that is no number changes nothing.
+void set(CSVGBase &obj, int index, Axis axis, double pos, bool &guard);
+// (pos - lo) * 100 / (hi - lo), truncated; 0 for an empty range.
+int percentOf(double pos, double lo, double hi);
+// pos as a percentage of the handle's travel between its bounds along axis.
+int percent(CSVGBase &obj, int index, Axis axis, double pos);
+// Appends the panel's input "idPosValue" (int, 0 to 100) showing p.
+void appendInput(CSVGBase &obj, QJsonArray &array, const QString &label, int p);
+// The place a panel "idPosValue" asks for: the value, held to 0..100 (and taken from
+// the other end when mirrored), of the handle's travel. False when the map has no
+// such key or the template no such handle.
+bool target(CSVGBase &obj, const QMap<QString, QString> &values, int index, Axis axis, bool mirrored, double &pos);
+
+} // namespace HandlePos
