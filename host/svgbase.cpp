@@ -64,7 +64,7 @@ QDataStream &readColor(QDataStream &in, QColor &color)
         in >> color;
         return in;
     }
-    // specification, alpha, red, green, blue, padding
+    // colour kind, alpha, red, green, blue, padding
     constexpr int kSize = 1 + 5 * 2;
     char raw[kSize];
     if (in.readRawData(raw, kSize) != kSize) {

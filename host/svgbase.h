@@ -39,7 +39,7 @@ class QPainter;
 class QGraphicsSceneMouseEvent;
 class QKeyEvent;
 
-// Reads a colour the way QDataStream writes one, but refuses a colour specification
+// Reads a colour the way QDataStream writes one, but refuses a colour kind
 // Qt does not know (Qt would keep it as is, and later use it as an enum): the stream is
 // then marked corrupt and the colour left invalid. Use it for every colour read from a
 // page file or another untrusted stream.
