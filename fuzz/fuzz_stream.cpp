@@ -1,17 +1,18 @@
 // Saved objects from page files are untrusted: any bytes given to an apparatus's load
 // must leave it usable. The first byte picks the apparatus, the rest is its stream.
-#include <QGuiApplication>
+#include "fuzz_common.h"
 #include <QDataStream>
 #include <physicalobject/physicalobject.h>
 #include <svgbase.h>
 
+extern "C" int LLVMFuzzerInitialize(int *, char ***)
+{
+    fuzzWarmUp();
+    return 0;
+}
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    static int argc = 1;
-    static char name[] = "fuzz_stream";
-    static char *argv[] = {name, nullptr};
-    static QGuiApplication *app = (qputenv("QT_QPA_PLATFORM", "offscreen"), new QGuiApplication(argc, argv));
-    Q_UNUSED(app);
     if (size < 1)
         return 0;
     int n = 0;

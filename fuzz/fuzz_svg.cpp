@@ -1,17 +1,18 @@
 // The document model parses whatever a template or a pasted drawing holds; malformed
 // SVG must give a defined result, and what parses must write and paint.
-#include <QGuiApplication>
+#include "fuzz_common.h"
 #include <QImage>
 #include <QPainter>
 #include <svgtinydocument.h>
 
+extern "C" int LLVMFuzzerInitialize(int *, char ***)
+{
+    fuzzWarmUp();
+    return 0;
+}
+
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    static int argc = 1;
-    static char name[] = "fuzz_svg";
-    static char *argv[] = {name, nullptr};
-    static QGuiApplication *app = (qputenv("QT_QPA_PLATFORM", "offscreen"), new QGuiApplication(argc, argv));
-    Q_UNUSED(app);
     const QByteArray bytes = QByteArray::fromRawData(reinterpret_cast<const char *>(data), int(size));
     QSvgTinyDocument *doc = QSvgTinyDocument::load(bytes);
     if (!doc)

@@ -32,7 +32,7 @@ for target in fuzz_stream fuzz_svg; do
   dir=$([ "$target" = fuzz_stream ] && echo stream || echo svg)
   echo "fuzz: $target for ${SECONDS_EACH}s"
   "$BUILD_DIR/fuzz/$target" -max_total_time="$SECONDS_EACH" -max_len=65536 -rss_limit_mb=2048 \
-    -artifact_prefix="$BUILD_DIR/crashes/" "$corpus/$dir" 2>&1 | grep -E '^(#[0-9]+ +DONE|==|SUMMARY)' || true
+    -artifact_prefix="$BUILD_DIR/crashes/" "$corpus/$dir" 2>&1 | grep -E '^(#[0-9]+[[:space:]]+DONE|Done |==|SUMMARY|artifact_prefix|Test unit)' || true
 done
 if ls "$BUILD_DIR/crashes/"* >/dev/null 2>&1; then
   echo "fuzz: crashes saved in $BUILD_DIR/crashes/" >&2
