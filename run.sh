@@ -7,6 +7,12 @@ cd "$(dirname "$0")"
 case "${1:-}" in
   board)
     shift
+    if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}${QT_QPA_PLATFORM:-}" ]; then
+      echo "run.sh: no display to open the board on. Run it in a desktop session, or under" >&2
+      echo "  xvfb-run -a ./run.sh board     (a virtual display), or take a picture headless with" >&2
+      echo "  QT_QPA_PLATFORM=offscreen ./build/apps/physboard/physboard --demo --screenshot board.png" >&2
+      exit 2
+    fi
     exec ./build/apps/physboard/physboard "$@"
     ;;
   "")
