@@ -15,6 +15,8 @@ inline void fuzzWarmUp()
     static char name[] = "fuzz";
     static char *argv[] = {name, nullptr};
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The apparatus' own debug lines and Qt's codec warnings would drown the fuzzer's output.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
     static QGuiApplication app(argc, argv);
     int n = 0;
     const PhysicalTypeInfo *types = physical_TypeTable(&n);
