@@ -6,8 +6,12 @@ void CFramework::PostMessage(int message, int, const QByteArray *json, int)
 {
     if (m_mute > 0 || !json)
         return;
-    if (message == MSG_SETTINGS_CHANGED)
+    if (message == MSG_SETTINGS_CHANGED) {
+        // A recent window only: every drag step posts one, for as long as the host runs.
+        if (m_messages.size() >= kKeptMessages)
+            m_messages.remove(0, kKeptMessages / 2);
         m_messages.append(*json);
+    }
     const auto observers = m_observers; // an observer may unsubscribe itself
     for (const auto &fn : observers)
         fn(message, *json);

@@ -23,10 +23,12 @@ class HOST_EXPORT CFramework
 {
 public:
     enum { MSG_SETTINGS_CHANGED = 100 };
+    // How many of the latest panel messages settingsMessages() keeps.
+    static constexpr int kKeptMessages = 4096;
 
     // The message sink. For message 100 json points to the panel-refresh JSON text.
     void PostMessage(int message, int wParam, const QByteArray *json, int target);
-    const QVector<QByteArray> &settingsMessages() const { return m_messages; }
+    const QVector<QByteArray> &settingsMessages() const { return m_messages; } // the latest ones
     void clearMessages() { m_messages.clear(); }
     int addObserver(std::function<void(int message, const QByteArray &json)> fn);
     void removeObserver(int handle);

@@ -361,40 +361,38 @@ void CSVGBase::setExternalFilled(bool on) { m_bExternalFilled = on; }
 bool CSVGBase::updateSVG(QSvgNode *, QPointF, bool) { return false; }
 bool CSVGBase::updateSVG(bool) { return false; }
 
-double CSVGBase::getXMin(QSvgNode *node)
+// A handle's bound: its own attribute, else open when only the other bound is given,
+// else the handle's current place (the axis is locked).
+static double handleBound(QSvgNode *node, const QString &own, const QString &other, double open, bool vertical)
 {
     if (!node)
         return 0;
-    if (node->hasAttribute(QStringLiteral("x_from")))
-        return node->numAttribute(QStringLiteral("x_from"));
-    return node->hasAttribute(QStringLiteral("x_to")) ? -kOpenBound : node->rect().x();
+    double v = 0;
+    if (node->findNumAttribute(own, &v))
+        return v;
+    if (node->hasAttribute(other))
+        return open;
+    return vertical ? node->rect().y() : node->rect().x();
+}
+
+double CSVGBase::getXMin(QSvgNode *node)
+{
+    return handleBound(node, QStringLiteral("x_from"), QStringLiteral("x_to"), -kOpenBound, false);
 }
 
 double CSVGBase::getXMax(QSvgNode *node)
 {
-    if (!node)
-        return 0;
-    if (node->hasAttribute(QStringLiteral("x_to")))
-        return node->numAttribute(QStringLiteral("x_to"));
-    return node->hasAttribute(QStringLiteral("x_from")) ? kOpenBound : node->rect().x();
+    return handleBound(node, QStringLiteral("x_to"), QStringLiteral("x_from"), kOpenBound, false);
 }
 
 double CSVGBase::getYMin(QSvgNode *node)
 {
-    if (!node)
-        return 0;
-    if (node->hasAttribute(QStringLiteral("y_from")))
-        return node->numAttribute(QStringLiteral("y_from"));
-    return node->hasAttribute(QStringLiteral("y_to")) ? -kOpenBound : node->rect().y();
+    return handleBound(node, QStringLiteral("y_from"), QStringLiteral("y_to"), -kOpenBound, true);
 }
 
 double CSVGBase::getYMax(QSvgNode *node)
 {
-    if (!node)
-        return 0;
-    if (node->hasAttribute(QStringLiteral("y_to")))
-        return node->numAttribute(QStringLiteral("y_to"));
-    return node->hasAttribute(QStringLiteral("y_from")) ? kOpenBound : node->rect().y();
+    return handleBound(node, QStringLiteral("y_to"), QStringLiteral("y_from"), kOpenBound, true);
 }
 
 QBrush CSVGBase::getFillBrush() { return m_fillBrush; }

@@ -391,7 +391,7 @@ void QSvgNode::removeAttribute(const QString &name)
     attributeChanged(name);
 }
 
-double QSvgNode::numAttribute(const QString &name, double fallback) const
+bool QSvgNode::findNumAttribute(const QString &name, double *value) const
 {
     for (const Attr &a : m_attrs) {
         if (sameName(a.name, name)) {
@@ -402,10 +402,19 @@ double QSvgNode::numAttribute(const QString &name, double fallback) const
                     a.number = a.value.trimmed().toDouble(&ok); // NaN, Infinity
                 a.numberState = ok ? 1 : 2;
             }
-            return a.numberState == 1 ? a.number : fallback;
+            if (a.numberState == 1)
+                *value = a.number;
+            return true;
         }
     }
-    return fallback;
+    return false;
+}
+
+double QSvgNode::numAttribute(const QString &name, double fallback) const
+{
+    double v = fallback;
+    findNumAttribute(name, &v);
+    return v;
 }
 
 void QSvgNode::setNumAttribute(const QString &name, double value)

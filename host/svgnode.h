@@ -49,6 +49,8 @@ public:
     void setAttribute(const QString &name, const QString &value);
     void removeAttribute(const QString &name);
     double numAttribute(const QString &name, double fallback = 0.0) const;
+    // One look-up for "is it there, and what number is it": false when absent.
+    bool findNumAttribute(const QString &name, double *value) const;
     void setNumAttribute(const QString &name, double value);
     const QVector<Attr> &attributes() const { return m_attrs; }
     // Presentation properties: the style attribute wins over a plain attribute.

@@ -317,3 +317,18 @@ TEST(Frame, BrokenTemplateLeavesAnApparatusWithoutDocument)
     QDataStream s(&b, QIODevice::WriteOnly);
     EXPECT_TRUE(probe.save(s));
 }
+
+// A long session posts a panel message per drag step; the log must not grow without end.
+TEST(Frame, PanelMessageLogKeepsARecentWindow)
+{
+    CFramework *f = GetFramework();
+    f->clearMessages();
+    for (int i = 0; i < CFramework::kKeptMessages * 3; ++i) {
+        const QByteArray json = QByteArray::number(i);
+        f->PostMessage(CFramework::MSG_SETTINGS_CHANGED, 0, &json, -1);
+    }
+    EXPECT_LE(f->settingsMessages().size(), CFramework::kKeptMessages);
+    EXPECT_GE(f->settingsMessages().size(), CFramework::kKeptMessages / 2);
+    EXPECT_EQ(f->settingsMessages().last(), QByteArray::number(CFramework::kKeptMessages * 3 - 1));
+    f->clearMessages();
+}
