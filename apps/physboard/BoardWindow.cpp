@@ -32,6 +32,9 @@ QString T(const char *key) { return Strings::text(QLatin1String(key)); }
 
 BoardWindow::BoardWindow(QWidget *parent) : QMainWindow(parent)
 {
+    // A lesson's worth of history; older steps drop off instead of piling up all day.
+    if (undoStack()->count() == 0)
+        undoStack()->setUndoLimit(kUndoLimit);
     m_page = new BoardPage(this);
     m_view = new BoardView(m_page, this);
     setCentralWidget(m_view);

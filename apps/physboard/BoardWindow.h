@@ -18,6 +18,8 @@ class BoardWindow : public QMainWindow
 public:
     // Exports of at least this many objects show a progress dialog.
     static constexpr int kProgressThreshold = 8;
+    // Steps of undo history the board keeps.
+    static constexpr int kUndoLimit = 1000;
 
     explicit BoardWindow(QWidget *parent = nullptr);
     ~BoardWindow() override;
