@@ -13,10 +13,10 @@ done
 
 CC=clang CXX=clang++ cmake -S . -B "$BUILD_DIR" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DPHYS_FUZZ=ON \
   -DPHYS_TESTS=OFF -DPHYS_BENCH=OFF >/dev/null
-cmake --build "$BUILD_DIR" -j"$(nproc)" --target fuzz_stream fuzz_svg physlab >/dev/null
+cmake --build "$BUILD_DIR" -j"$(nproc)" --target fuzz_stream fuzz_svg fuzz_panel physlab >/dev/null
 
 corpus="$BUILD_DIR/corpus"
-mkdir -p "$corpus/stream" "$corpus/svg" "$BUILD_DIR/crashes"
+mkdir -p "$corpus/stream" "$corpus/svg" "$corpus/panel" "$BUILD_DIR/crashes"
 # Seeds: each type's saved stream after a drag of every handle, behind its table index.
 index=0
 while read -r type; do
@@ -28,8 +28,8 @@ while read -r type; do
   index=$((index + 1))
 done < <("$BUILD_DIR/apps/physlab/physlab" list | jq -r '.type')
 
-for target in fuzz_stream fuzz_svg; do
-  dir=$([ "$target" = fuzz_stream ] && echo stream || echo svg)
+for target in fuzz_stream fuzz_svg fuzz_panel; do
+  dir=${target#fuzz_}
   echo "fuzz: $target for ${SECONDS_EACH}s"
   "$BUILD_DIR/fuzz/$target" -max_total_time="$SECONDS_EACH" -max_len=65536 -rss_limit_mb=2048 \
     -artifact_prefix="$BUILD_DIR/crashes/" "$corpus/$dir" 2>&1 | grep -E '^(#[0-9]+[[:space:]]+DONE|Done |==|SUMMARY|artifact_prefix|Test unit)' || true
