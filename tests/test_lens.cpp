@@ -196,22 +196,6 @@ TEST_P(EveryLens, ReshapedLensComesBackIdenticalAndDragsAlike)
     EXPECT_EQ(shown(copy->content(), "idPosValue"), shown(c, "idPosValue"));
 }
 
-TEST_P(EveryLens, DragUndoAndRedoGiveTheSameOutlines)
-{
-    ObjPtr o = makeObject(GetParam(), true);
-    CSVGBase *c = o->content();
-    const QString before = svgText(c);
-    drag(c, "control_1", 6, 0);
-    const QString after = svgText(c);
-    ASSERT_NE(after, before);
-    QUndoStack *stack = GetFramework()->undoStack();
-    ASSERT_EQ(stack->count(), 1);
-    stack->undo();
-    EXPECT_TRUE(sameDocument(svgText(c), before));
-    stack->redo();
-    EXPECT_TRUE(sameDocument(svgText(c), after));
-}
-
 TEST_P(EveryLens, TypedPercentageIsTruncatedAndCaptureRestoresIt)
 {
     ObjPtr o = makeObject(GetParam(), true);

@@ -123,20 +123,6 @@ TEST(Stick, EmptyAttributeTableWritesOnlyTheHostPart)
     EXPECT_EQ(magic, 0x50485953u);
 }
 
-TEST(Stick, SaveLoadRoundTripThenSameNextDrag)
-{
-    ObjPtr o = makeObject(107, true);
-    drag(o->content(), "control_1", -250, 90);
-    drag(o->content(), "control_1", 30, -12.5);
-    ObjPtr copy = loadBytes(107, saveBytes(o->content()));
-    EXPECT_TRUE(sameDocument(svgText(copy->content()), svgText(o->content())));
-    EXPECT_EQ(settingsOf(copy->content()), settingsOf(o->content()));
-    EXPECT_NEAR(copy->itemSize().width(), o->itemSize().width(), 1e-9);
-    drag(o->content(), "control_1", 17, 3);
-    drag(copy->content(), "control_1", 17, 3);
-    EXPECT_TRUE(sameDocument(svgText(copy->content()), svgText(o->content())));
-}
-
 TEST(Stick, JsonRoundTrip)
 {
     ObjPtr o = makeObject(107);

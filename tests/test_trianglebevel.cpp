@@ -54,21 +54,3 @@ TEST(TriangleBevel, ForeignNodeEmptiesTheWedgeUntilTheNextHandleUpdate)
     EXPECT_EQ(points(o), (QVector<QPointF>{{4.5, -15.5}, {4.5, 111.166}, {193.832, 111.166}}));
 }
 
-TEST(TriangleBevel, ReshapedWedgeSurvivesSaveLoadAndUndo)
-{
-    GetFramework()->undoStack()->clear();
-    ObjPtr o = makeObject(102, true);
-    const QSizeF fresh = o->itemSize();
-    drag(o->content(), "control_1", 120, 0);
-    drag(o->content(), "control_2", 0, -70);
-    ObjPtr back = loadBytes(102, saveBytes(o->content()));
-    EXPECT_EQ(svgText(back->content()), svgText(o->content()));
-    EXPECT_EQ(back->itemSize(), o->itemSize());
-    for (ObjPtr *p : {&o, &back})
-        drag((*p)->content(), "control_2", 0, 33);
-    EXPECT_EQ(svgText(back->content()), svgText(o->content()));
-    while (GetFramework()->undoStack()->canUndo())
-        GetFramework()->undoStack()->undo();
-    EXPECT_EQ(points(o), kTemplate);
-    EXPECT_EQ(o->itemSize(), fresh);
-}

@@ -71,28 +71,3 @@ TEST_F(WireTest, CrossedHandlesStillSpanTheItem)
     EXPECT_EQ(pathData(o), "M154,44C124,-34,-196,304,-54,56");
 }
 
-TEST_F(WireTest, UndoRedoAndRoundTrip)
-{
-    ObjPtr o = makeObject(500, true);
-    drag(o->content(), "control_2", 60, -30, false);
-    drag(o->content(), "control_2", 10, -10, true);
-    drag(o->content(), "control_1", -20, 0, true);
-    const QString bent = pathData(o);
-    QUndoStack *s = GetFramework()->undoStack();
-    ASSERT_EQ(s->count(), 2);
-    s->undo();
-    s->undo();
-    EXPECT_EQ(pathData(o), "M4,4C4,96,96,4,96,96");
-    EXPECT_EQ(viewBox(o), QRectF(0, 0, 100, 100));
-    s->redo();
-    s->redo();
-    EXPECT_EQ(pathData(o), bent);
-
-    QDataStream::Status st;
-    ObjPtr back = loadBytes(500, saveBytes(o->content()), &st);
-    EXPECT_EQ(st, QDataStream::Ok);
-    EXPECT_EQ(pathData(back), bent);
-    EXPECT_EQ(viewBox(back), viewBox(o));
-    EXPECT_EQ(back->itemSize(), o->itemSize());
-    EXPECT_TRUE(sameDocument(svgText(back->content()), svgText(o->content())));
-}

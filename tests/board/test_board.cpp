@@ -661,8 +661,8 @@ private slots:
     }
 
     // Whatever the library makes: placed, every handle dragged by the mouse as one step
-    // each, undone back to the placed drawing, redone, then through a page file.
-    void everyApparatusDragsUndoesAndReopens_data()
+    // each, then through a page file. (Exact undo of each apparatus is tested below the board.)
+    void everyApparatusDragsAndReopens_data()
     {
         QTest::addColumn<int>("type");
         int n = 0;
@@ -671,16 +671,14 @@ private slots:
             QTest::newRow(t[i].className) << t[i].type;
     }
 
-    void everyApparatusDragsUndoesAndReopens()
+    void everyApparatusDragsAndReopens()
     {
         QFETCH(int, type);
         CWBPhysicalObject *o = w->place(type, QPointF(400, 300));
         QVERIFY(o && o->content());
-        const QString placed = docOf(o);
         const int steps0 = stack()->count();
-        const int handles = o->content()->controlNodes().size();
         int moved = 0;
-        for (int i = 0; i < handles; ++i) {
+        for (int i = 0; i < o->content()->controlNodes().size(); ++i) {
             const QString before = docOf(o);
             const QPointF from = handleCentre(o, i);
             drag(vp(), from, from + QPointF(14, 11));
@@ -688,12 +686,6 @@ private slots:
         }
         QCOMPARE(stack()->count(), steps0 + moved);
         const QString dragged = docOf(o);
-        for (int i = 0; i < moved; ++i)
-            QTest::keyClick(w, Qt::Key_Z, Qt::ControlModifier);
-        QVERIFY2(sameDocument(docOf(o), placed), qPrintable(docOf(o)));
-        for (int i = 0; i < moved; ++i)
-            QTest::keyClick(w, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-        QVERIFY(sameDocument(docOf(o), dragged));
 
         QTemporaryDir dir;
         const QString path = dir.filePath(QStringLiteral("one.phb"));
