@@ -14,7 +14,7 @@ bool CAttribute::loadSVG(bool bLoad)
 {
     ResetAtrribute();
     delete m_pDocument;
-    m_pDocument = QSvgTinyDocument::load(getSVG().toUtf8());
+    m_pDocument = QSvgTinyDocument::fromTemplate(getSVG());
     const bool loaded = CSVGBase::loadSVG(bLoad);
     SVGInit(bLoad, loaded);
     UpdateColor(bLoad);
@@ -34,23 +34,45 @@ bool CAttribute::save(QDataStream &out)
 
 bool CAttribute::load(QDataStream &in)
 {
-    // Entries are matched by position against the apparatus's own defaults.
-    const QMap<int, DATA_MAP_STRUCT> defaults = m_attributes;
-    for (auto it = defaults.cbegin(); it != defaults.cend(); ++it) {
+    // Entries are matched by position against the apparatus's own defaults, and must be
+    // the same entries: a stream of another apparatus is refused, not half applied.
+    QMap<int, DATA_MAP_STRUCT> read = m_attributes;
+    for (auto it = read.begin(); it != read.end(); ++it) {
         DATA_MAP_STRUCT a;
         in >> a.propId >> a.dataType >> a.name;
         readColor(in, a.color);
         in >> a.boolValue >> a.intValue;
-        m_attributes.insert(it.key(), a);
+        if (in.status() != QDataStream::Ok)
+            return refuseLoad(&in, QStringLiteral("cut short or damaged"));
+        if (a.propId != it->propId || a.dataType != it->dataType || a.name != it->name)
+            return refuseLoad(&in, QStringLiteral("not of this apparatus"));
+        if (a.dataType == 1 && !comboIndexValid(a.intValue))
+            return refuseLoad(&in, QStringLiteral("a choice out of range"));
+        it.value() = a;
     }
-    const bool r = in.status() == QDataStream::Ok && CSVGBase::load(in);
-    // A stream that fails leaves the table as it was, like the host's part of the object.
-    if (!r)
-        m_attributes = defaults;
-    UpdateColor(false);
-    UpdateCheckBox(false);
-    UpdateCombobox(false);
-    return r;
+    HostPart part;
+    if (!readHostPart(in, part))
+        return false;
+    applyLoaded(
+        part, [&]() { m_attributes = read; },
+        [&]() {
+            UpdateColor(false);
+            UpdateCheckBox(false);
+            UpdateCombobox(false);
+        });
+    return true;
+}
+
+bool CAttribute::comboIndexValid(int index)
+{
+    // The combo data holds the number of choices first.
+    QByteArray data = GetComboboxData();
+    if (data.isEmpty())
+        return true;
+    QDataStream in(data);
+    int count = 0;
+    in >> count;
+    return in.status() != QDataStream::Ok || count <= 0 || (index >= 0 && index < count);
 }
 
 bool CAttribute::getInnerProperty(int id, QDataStream &out)
@@ -105,6 +127,9 @@ bool CAttribute::setInnerProperty(int id, QDataStream &in, bool bRecord, bool bU
     case 1: {
         int v = 0;
         in >> v;
+        // A choice the combo box does not offer is refused: nothing changes.
+        if (in.status() != QDataStream::Ok || !comboIndexValid(v))
+            return false;
         if (bUndo) {
             auto *cmd = new CSVGBaseUndoCmd(this, a.propId, nullptr, true);
             cmd->setInt(a.intValue, v);
@@ -151,16 +176,6 @@ void CAttribute::UpdateCombobox(bool) {}
 void CAttribute::ResetAtrribute() {}
 QByteArray CAttribute::GetComboboxData() { return QByteArray(); }
 
-void CAttribute::postSetting(const QString &key, const QString &value) { postPanelSetting(key, value); }
-
-void postPanelSetting(const QString &key, const QString &value)
-{
-    QJsonObject item{{QStringLiteral("id"), key}, {QStringLiteral("value"), value}};
-    QJsonObject root{{QStringLiteral("settings"), QJsonArray{item}}};
-    const QByteArray json = QJsonDocument(root).toJson();
-    GetFramework()->PostMessage(CFramework::MSG_SETTINGS_CHANGED, 0, &json, -1);
-}
-
 void CAttribute::addAttribute(int attr, int propId, int dataType, const QString &name, int intValue, bool boolValue)
 {
     DATA_MAP_STRUCT a;
@@ -174,16 +189,16 @@ void CAttribute::addAttribute(int attr, int propId, int dataType, const QString 
 
 void CAttribute::keepAttribute(int id, int attr, int &saved)
 {
-    if (id == ATTR_CAPTURE)
+    if (isCapture(id))
         saved = m_attributes.value(attr).intValue;
-    else if (id == ATTR_RESTORE)
+    else if (isRestore(id))
         AttrValue::apply(*this, attr, saved, false, false);
 }
 
 void CAttribute::keepAttribute(int id, int attr, bool &saved)
 {
-    if (id == ATTR_CAPTURE)
+    if (isCapture(id))
         saved = m_attributes.value(attr).boolValue;
-    else if (id == ATTR_RESTORE)
+    else if (isRestore(id))
         AttrValue::apply(*this, attr, saved, false, false);
 }

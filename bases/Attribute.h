@@ -16,9 +16,6 @@ struct DATA_MAP_STRUCT {
     int intValue = 0;
 };
 
-// Posts the panel refresh {"settings":[{"id": key, "value": value}]} (message 100).
-void postPanelSetting(const QString &key, const QString &value);
-
 class PHYSICALOBJECT_SHARED_EXPORT CAttribute : public CSVGBase
 {
 public:
@@ -41,10 +38,10 @@ public:
     /* 68 */ virtual QByteArray GetComboboxData();
 
     const QMap<int, DATA_MAP_STRUCT> &attributes() const { return m_attributes; }
+    // Whether index is one of the choices GetComboboxData offers (any, without data).
+    bool comboIndexValid(int index);
 
 protected:
-    // Posts the panel refresh {"settings":[{"id": key, "value": value}]} (message 100).
-    void postSetting(const QString &key, const QString &value);
     // Adds one entry to the table with its default (an index for a combo box, a bool for a switch).
     void addAttribute(int attr, int propId, int dataType, const QString &name, int intValue = 0, bool boolValue = false);
     // Attribute ids 2804 and 2805 for one entry of the table: capture copies its value

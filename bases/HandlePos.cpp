@@ -23,7 +23,7 @@ double get(const CSVGBase &obj, int index, Axis axis)
 void set(CSVGBase &obj, int index, Axis axis, double pos, bool &guard)
 {
     QSvgNode *h = obj.controlNodes().value(index);
-    if (!h || !std::isfinite(pos))
+    if (!h || !std::isfinite(pos) || std::fabs(pos) > CSVGBase::kMaxExtent)
         return;
     const double old = h->numAttribute(attr(axis));
     h->setNumAttribute(attr(axis), pos);
@@ -53,18 +53,22 @@ void appendInput(CSVGBase &obj, QJsonArray &array, const QString &label, int p)
                                                 QStringLiteral("0"), QStringLiteral("100"), QString()));
 }
 
-bool target(CSVGBase &obj, const QMap<QString, QString> &values, int index, Axis axis, bool mirrored, double &pos)
+bool target(CSVGBase &obj, const QMap<QString, QString> &values, int index, Axis axis, bool mirrored, double &pos,
+            Reading reading)
 {
     const auto it = values.constFind(QStringLiteral("idPosValue"));
     QSvgNode *h = obj.controlNodes().value(index);
     if (it == values.cend() || !h)
         return false;
-    int v = qBound(0, it.value().toInt(), 100);
+    bool ok = false;
+    double v = it.value().toInt(&ok);
+    if (!ok && reading == Integer)
+        return false;
     if (mirrored)
         v = 100 - v;
     const double lo = lowBound(obj, h, axis), hi = highBound(obj, h, axis);
     pos = (hi - lo) * v / 100 + lo;
-    return true;
+    return std::isfinite(pos);
 }
 
 } // namespace HandlePos

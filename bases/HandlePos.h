@@ -16,7 +16,8 @@ enum Axis { X, Y };
 double get(const CSVGBase &obj, int index, Axis axis);
 // Writes pos into the handle and hands the move to updateSVG as a final drag by
 // (pos - old), with `guard` set meanwhile so that the move does not echo to the panel.
-// A missing handle or a pos that is no number changes nothing.
+// A missing handle, or a pos that is no number or lies past the extent every drawing
+// keeps within, changes nothing.
 void set(CSVGBase &obj, int index, Axis axis, double pos, bool &guard);
 // (pos - lo) * 100 / (hi - lo), truncated; 0 for an empty range.
 int percentOf(double pos, double lo, double hi);
@@ -24,9 +25,15 @@ int percentOf(double pos, double lo, double hi);
 int percent(CSVGBase &obj, int index, Axis axis, double pos);
 // Appends the panel's input "idPosValue" (int, 0 to 100) showing p.
 void appendInput(CSVGBase &obj, QJsonArray &array, const QString &label, int p);
-// The place a panel "idPosValue" asks for: the value, held to 0..100 (and taken from
-// the other end when mirrored), of the handle's travel. False when the map has no
-// such key or the template no such handle.
-bool target(CSVGBase &obj, const QMap<QString, QString> &values, int index, Axis axis, bool mirrored, double &pos);
+// How a typed percentage is read.
+enum Reading {
+    Integer,     // an integer, taken as it is, past 0..100 too; other text is refused
+    IntOrZero,   // as QString::toInt reads it: text that is no integer reads 0
+};
+// The place a panel "idPosValue" asks for: the value (taken from the other end when
+// mirrored) as a percentage of the handle's travel. False when the map has no such
+// key, the template no such handle, or the text is refused.
+bool target(CSVGBase &obj, const QMap<QString, QString> &values, int index, Axis axis, bool mirrored, double &pos,
+            Reading reading = Integer);
 
 } // namespace HandlePos

@@ -33,7 +33,7 @@ int CImageTextBasic::getSVGType() { return 0; }
 bool CImageTextBasic::loadSVG(bool bLoad)
 {
     delete m_pDocument;
-    m_pDocument = QSvgTinyDocument::load(getSVG().toUtf8());
+    m_pDocument = QSvgTinyDocument::fromTemplate(getSVG());
     const bool loaded = CSVGBase::loadSVG(bLoad);
     FirstResizeText(false);
     return loaded;
@@ -100,30 +100,23 @@ bool CImageTextBasic::load(QDataStream &in)
 {
     if (m_bHostStreamOnly)
         return CSVGBase::load(in);
-    const QString oldText = m_strText;
-    const QColor oldColor = m_textColor;
-    const QRectF oldViewBox = m_pDocument ? viewBoxOf(m_pDocument) : QRectF();
     QString text;
     QColor color;
     in >> text;
     readColor(in, color);
-    if (in.status() == QDataStream::Ok) {
-        m_strText = text;
+    if (in.status() != QDataStream::Ok)
+        return refuseLoad(&in, QStringLiteral("cut short or damaged"));
+    if (text.size() > maxTextLength())
+        return refuseLoad(&in, QStringLiteral("a label longer than %1 characters").arg(maxTextLength()));
+    HostPart part;
+    if (!readHostPart(in, part))
+        return false;
+    applyLoaded(part, [&]() {
+        m_strText = SvgXml::clean(text);
         m_textColor = color;
         UpdateText();
-    }
-    if (CSVGBase::load(in))
-        return true;
-    // A stream the host refuses leaves the label as it was, like the rest of the object.
-    if (m_strText != oldText || m_textColor != oldColor) {
-        m_strText = oldText;
-        m_textColor = oldColor;
-        UpdateText();
-        // Exactly the old width, even where it did not yet fit the label.
-        if (m_pDocument)
-            adjustSvgPosition(QPointF(0, 0), oldViewBox.width() - viewBoxOf(m_pDocument).width(), 0, true);
-    }
-    return false;
+    }, nullptr);
+    return true;
 }
 
 void CImageTextBasic::saveJson(QJsonObject &json)
@@ -137,13 +130,26 @@ void CImageTextBasic::saveJson(QJsonObject &json)
 
 void CImageTextBasic::loadJson(QJsonObject &json)
 {
-    m_strText = json.value(kJsonText).toString();
+    HostPart part;
+    m_bHostStreamOnly = true;
+    const bool ok = readHostJson(json, part);
+    m_bHostStreamOnly = false;
+    if (!ok)
+        return;
+    // Read as a string: what is none reads as the empty label.
+    const QJsonValue text = json.value(kJsonText);
+    if (text.toString().size() > maxTextLength()) {
+        refuseLoad(nullptr, QStringLiteral("a label longer than %1 characters").arg(maxTextLength()));
+        return;
+    }
     // A missing or malformed colour converts to the invalid colour.
     const QVariant color = GetJsonUtil()->jsonToVariant(json.value(kJsonColor).toObject());
-    m_textColor = color.userType() == QMetaType::QColor ? color.value<QColor>() : QColor();
-    UpdateText();
     m_bHostStreamOnly = true;
-    CSVGBase::loadJson(json);
+    applyLoaded(part, [&]() {
+        m_strText = SvgXml::clean(text.toString());
+        m_textColor = color.userType() == QMetaType::QColor ? color.value<QColor>() : QColor();
+        UpdateText();
+    }, nullptr);
     m_bHostStreamOnly = false;
 }
 
@@ -151,11 +157,12 @@ void CImageTextBasic::loadJson(QJsonObject &json)
 
 bool CImageTextBasic::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 {
+    const bool restore = isRestore(id);
     const bool r = CSVGBase::SetAttribute(id, in, bRecord, bUndo);
-    if (id == ATTR_CAPTURE) {
+    if (isCapture(id)) {
         m_strSavedText = m_strText;
         m_savedTextColor = m_textColor;
-    } else if (id == ATTR_RESTORE) {
+    } else if (restore) {
         m_strText = m_strSavedText;
         m_textColor = m_savedTextColor;
         UpdateText();
@@ -181,6 +188,18 @@ bool CImageTextBasic::setInnerProperty(int id, QDataStream &in, bool bRecord, bo
     if (id == m_nTextAttrId) {
         QString text;
         in >> text;
+        if (in.status() != QDataStream::Ok)
+            return false;
+        // Only what a page can carry and every renderer can draw: cut long labels (with
+        // a notice in the panel), and mend characters XML cannot hold.
+        text = SvgXml::clean(text);
+        if (text.size() > maxTextLength()) {
+            int n = maxTextLength();
+            if (text.at(n - 1).isHighSurrogate())
+                --n;
+            text.truncate(n);
+            postNotice(QStringLiteral("idTextContent"), text, QStringLiteral("IDS_PHYSICSOBJ_TEXT_CUT"));
+        }
         if (bUndo) {
             auto *cmd = new CSVGBaseUndoCmd(this, m_nTextPropId, nullptr, true);
             cmd->setString(m_strText, text);

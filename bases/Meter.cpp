@@ -20,7 +20,22 @@ double getCirclePointDegree(QPointF point, QPointF center)
     return x0 >= x1 ? 360.0 - a : 180.0 + a;
 }
 
-CMeter::CMeter(CSVGObj *owner) : CSVGBase(owner) {}
+CMeter::CMeter(CSVGObj *owner) : CSVGBase(owner)
+{
+    // A typed reading past the scale leaves the pointer at the end and the angle here:
+    // the range switch starts from it, so a page keeps it too.
+    keepValue(QStringLiteral("currentAngle"), &currentAngle);
+}
+
+bool CMeter::typedReading(const QMap<QString, QString> &values, bool single, double &reading)
+{
+    const auto v = values.constFind(QStringLiteral("idMeterValue"));
+    if (v == values.cend())
+        return false;
+    bool ok = false;
+    reading = single ? double(v->toFloat(&ok)) : v->toDouble(&ok);
+    return ok && std::isfinite(reading);
+}
 
 CMeter::~CMeter() = default;
 
@@ -36,7 +51,7 @@ QString CMeter::getPropName(int id)
 bool CMeter::loadSVG(bool bLoad)
 {
     delete m_pDocument;
-    m_pDocument = QSvgTinyDocument::load(getSVG().toUtf8());
+    m_pDocument = QSvgTinyDocument::fromTemplate(getSVG());
     const bool r = CSVGBase::loadSVG(bLoad);
     if (!m_pDocument)
         return r;
@@ -129,21 +144,14 @@ void CMeter::angelChangedByControl(double) {}
 bool CMeter::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 {
     const bool r = CSVGBase::SetAttribute(id, in, bRecord, bUndo);
-    if (id == ATTR_CAPTURE) {
+    if (isCapture(id)) {
         savedPointerAngle = getAngle();
         savedCurrentAngle = currentAngle;
-    } else if (id == ATTR_RESTORE) {
+    } else if (isRestore(id)) {
         setAngel(savedPointerAngle);
         currentAngle = savedCurrentAngle;
     }
     return r;
-}
-
-void CMeter::postSetting(const QString &key, const QString &value)
-{
-    // Written by hand: it goes out on every step of a drag. Keys and readings need no escaping.
-    const QByteArray json = "{\"settings\":[{\"id\":\"" + key.toLatin1() + "\",\"value\":\"" + value.toLatin1() + "\"}]}";
-    GetFramework()->PostMessage(CFramework::MSG_SETTINGS_CHANGED, 0, &json, -1);
 }
 
 void CMeter::setTypedAngle(double angle)
@@ -219,8 +227,8 @@ void CMeter::setTypedReading(double reading, double full)
 
 void CMeter::keepGrade(int id, int &grade, int &savedGrade)
 {
-    if (id == ATTR_CAPTURE)
+    if (isCapture(id))
         savedGrade = grade;
-    else if (id == ATTR_RESTORE)
+    else if (isRestore(id))
         grade = savedGrade;
 }

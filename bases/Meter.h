@@ -30,12 +30,13 @@ public:
 protected:
     // The pointer's place on the scale, 0 at the left end and 1 at the right.
     double scaleFraction(double angle) const { return maxAngle > minAngle ? (angle - minAngle) / (maxAngle - minAngle) : 0.0; }
-    // Posts {"settings":[{"id": key, "value": value}]} to the panel (message 100).
-    void postSetting(const QString &key, const QString &value);
     // Puts the handle on its circle at the given pointer angle.
     void placeHandle(QSvgNode *handle, QPointF pivot, QSizeF size, double angle);
     // A typed reading: currentAngle keeps the angle unclamped, the pointer stops at the arc's end.
     void setTypedAngle(double angle);
+    // The reading typed into "idMeterValue", read in double or (as most meters read it)
+    // single precision. False when there is none, or when it is no finite number.
+    static bool typedReading(const QMap<QString, QString> &values, bool single, double &reading);
     // Range switch between two ranges five times apart, keeping the reading. The angle
     // starts from currentAngle, which the switch itself leaves alone. False for an
     // index that is no range.
@@ -58,7 +59,7 @@ protected:
     // A typed reading on a scale of full-scale value `full`.
     void setTypedReading(double reading, double full);
     // Attribute ids 2804 and 2805: the range is kept apart from the pointer.
-    static void keepGrade(int id, int &grade, int &savedGrade);
+    void keepGrade(int id, int &grade, int &savedGrade);
 
     int startMode = 0;
     double maxAngle = 0.0;

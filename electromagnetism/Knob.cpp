@@ -188,10 +188,10 @@ bool CKnob::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 {
     const bool r = CAttribute::SetAttribute(id, in, bRecord, bUndo);
     QColor *saved[] = {&savedExtColor, &savedIntColor, &savedScaleColor};
-    if (id == ATTR_CAPTURE) {
+    if (isCapture(id)) {
         for (int i = 0; i < 3; ++i)
             *saved[i] = m_attributes.value(kColours[i].attribute).color;
-    } else if (id == ATTR_RESTORE) {
+    } else if (isRestore(id)) {
         for (int i = 0; i < 3; ++i) {
             if (!saved[i]->isValid()) // nothing was captured
                 continue;

@@ -6,7 +6,11 @@ namespace {
 constexpr double kRange[] = {0.6, 3.0};
 } // namespace
 
-CMeterAmpere::CMeterAmpere(CSVGObj *owner) : CMeter(owner) {}
+CMeterAmpere::CMeterAmpere(CSVGObj *owner) : CMeter(owner)
+{
+    // The range is no part of the stream; the host keeps it with the object.
+    keepValue(QStringLiteral("grade"), &grade, 0, 1);
+}
 
 CMeterAmpere::~CMeterAmpere() = default;
 
@@ -33,9 +37,9 @@ bool CMeterAmpere::SetSettingArray(QMap<QString, QString> &values, bool, bool)
 {
     if (applyGradeSetting(values, grade))
         return true;
-    const auto v = values.constFind(QStringLiteral("idMeterValue"));
-    if (v != values.cend())
-        setTypedReading(v->toDouble(), kRange[grade == 0 ? 0 : 1]);
+    double reading = 0;
+    if (typedReading(values, false, reading))
+        setTypedReading(reading, kRange[grade == 0 ? 0 : 1]);
     return true;
 }
 

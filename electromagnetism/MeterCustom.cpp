@@ -33,10 +33,8 @@ void CMeterCustom::angelChangedByControl(double angle)
 
 bool CMeterCustom::SetSettingArray(QMap<QString, QString> &values, bool, bool)
 {
-    const auto v = values.constFind(QStringLiteral("idMeterValue"));
-    if (v != values.cend()) {
-        const double typed = v->toFloat();
+    double typed = 0;
+    if (typedReading(values, true, typed))
         setTypedAngle(typed * (maxAngle - minAngle) / 6 + minAngle);
-    }
     return true;
 }

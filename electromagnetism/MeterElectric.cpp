@@ -34,10 +34,9 @@ void CMeterElectric::angelChangedByControl(double angle)
 
 bool CMeterElectric::SetSettingArray(QMap<QString, QString> &values, bool, bool)
 {
-    const auto v = values.constFind(QStringLiteral("idMeterValue"));
-    if (v != values.cend()) {
-        const double typed = v->toFloat();
+    double typed = 0;
+    // No number (NaN, infinity, text) is no reading: the pointer stays.
+    if (typedReading(values, true, typed))
         setTypedAngle((typed + 30) * (maxAngle - minAngle) / 60 + minAngle);
-    }
     return true;
 }

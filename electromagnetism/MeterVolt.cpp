@@ -2,7 +2,11 @@
 #include "DialArt.h"
 #include <svgobj.h>
 
-CMeterVolt::CMeterVolt(CSVGObj *owner) : CMeter(owner) {}
+CMeterVolt::CMeterVolt(CSVGObj *owner) : CMeter(owner)
+{
+    // The range is no part of the stream; the host keeps it with the object.
+    keepValue(QStringLiteral("grade"), &grade, 0, 1);
+}
 
 CMeterVolt::~CMeterVolt() = default;
 
@@ -30,10 +34,10 @@ bool CMeterVolt::SetSettingArray(QMap<QString, QString> &values, bool, bool)
 {
     if (applyGradeSetting(values, grade))
         return true;
-    const auto v = values.constFind(QStringLiteral("idMeterValue"));
+    double reading = 0;
     // Typed values are read in single precision.
-    if (v != values.cend())
-        setTypedReading(v->toFloat(), grade == 0 ? 3.0 : 15.0);
+    if (typedReading(values, true, reading))
+        setTypedReading(reading, grade == 0 ? 3.0 : 15.0);
     return true;
 }
 

@@ -116,11 +116,11 @@ bool CSwitch::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool
 bool CSwitch::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 {
     const bool r = CAttribute::SetAttribute(id, in, bRecord, bUndo);
-    if (id == ATTR_CAPTURE) {
+    if (isCapture(id)) {
         const auto it = m_attributes.constFind(5100);
         if (it != m_attributes.cend())
             savedClosed = it->boolValue;
-    } else if (id == ATTR_RESTORE) {
+    } else if (isRestore(id)) {
         QByteArray bytes;
         QDataStream(&bytes, QIODevice::WriteOnly) << savedClosed;
         QDataStream s(bytes);

@@ -32,7 +32,7 @@ QString CWire::getPropName(int id)
 bool CWire::loadSVG(bool bLoad)
 {
     delete m_pDocument;
-    m_pDocument = QSvgTinyDocument::load(getSVG().toUtf8());
+    m_pDocument = QSvgTinyDocument::fromTemplate(getSVG());
     const bool r = CSVGBase::loadSVG(bLoad);
     if (m_pDocument)
         updateSVG(m_controlNodes.value(0), QPointF(0, 0), false);

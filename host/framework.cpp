@@ -1,6 +1,50 @@
 #include "framework.h"
+#include "svgbaseundocmd.h"
 #include <QColor>
 #include <QFont>
+
+CFramework::CFramework() { m_undo.setUndoLimit(kUndoSteps); }
+
+CFramework::~CFramework() { m_undo.clear(); }
+
+void CFramework::pushUndo(QUndoCommand *cmd)
+{
+    if (!cmd)
+        return;
+    m_undo.push(cmd);
+    keepUndoBudget();
+}
+
+void CFramework::setUndoCost(const QUndoCommand *cmd, qint64 bytes)
+{
+    auto it = m_undoCosts.find(cmd);
+    if (it != m_undoCosts.end()) {
+        m_undoCost -= it.value();
+        if (bytes > 0) {
+            it.value() = bytes;
+        } else {
+            m_undoCosts.erase(it);
+            return;
+        }
+    } else if (bytes > 0) {
+        m_undoCosts.insert(cmd, bytes);
+    } else {
+        return;
+    }
+    m_undoCost += bytes;
+}
+
+void CFramework::keepUndoBudget()
+{
+    // Oldest first: they give up their states, which makes them no-ops that the stack
+    // drops when undo reaches them.
+    const int n = qMin(m_undo.count() - kUndoMinSteps, m_undo.index());
+    for (int i = 0; i < n && m_undoCost > kUndoBudget; ++i) {
+        auto *cmd = const_cast<QUndoCommand *>(m_undo.command(i));
+        if (auto *s = dynamic_cast<CSVGStateUndo *>(cmd))
+            s->release();
+    }
+}
 
 void CFramework::PostMessage(int message, int, const QByteArray *json, int)
 {

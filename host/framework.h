@@ -11,11 +11,14 @@
 #include <functional>
 
 class CSVGBase;
+class CSVGObj;
+class QUndoCommand;
 
 struct HOST_EXPORT PlaybackRecord {
+    enum { KindRecord = 5 };  // the object's whole record (the host's own records)
     quint64 object;     // serial of the content object that made it
     int actionId;       // the property id the record was made under
-    int kind;           // 0 bool, 1 int, 3 colour, 4 string (the property item data types)
+    int kind;           // 0 bool, 1 int, 3 colour, 4 string (the property item data types), 5 record
     QByteArray data;    // the value as QDataStream wrote it
 };
 
@@ -23,6 +26,9 @@ class HOST_EXPORT CFramework
 {
 public:
     enum { MSG_SETTINGS_CHANGED = 100 };
+
+    CFramework();
+    ~CFramework();
     // How many of the latest panel messages settingsMessages() keeps.
     static constexpr int kKeptMessages = 4096;
 
@@ -36,6 +42,21 @@ public:
     void mute(bool on) { m_mute += on ? 1 : -1; }
 
     QUndoStack *undoStack() { return &m_undo; }
+    // History is bounded: the last kUndoSteps steps, and of those the oldest give up their
+    // saved states once these pass kUndoBudget bytes, but never the latest kUndoMinSteps.
+    static constexpr int kUndoSteps = 1000;
+    static constexpr int kUndoMinSteps = 200;
+    static constexpr qint64 kUndoBudget = qint64(64) << 20;
+    // Pushes a step and keeps the history within its budget.
+    void pushUndo(QUndoCommand *cmd);
+    // The bytes of saved state a step holds; steps that hold state report it here.
+    void setUndoCost(const QUndoCommand *cmd, qint64 bytes);
+    qint64 undoCost() const { return m_undoCost; }
+
+    // The plug-in's factory, as the host resolves it: a new, empty object of a type id.
+    using ObjectFactory = std::function<CSVGObj *(int typeId)>;
+    void setObjectFactory(ObjectFactory factory) { m_factory = std::move(factory); }
+    CSVGObj *createObject(int typeId) const { return m_factory ? m_factory(typeId) : nullptr; }
 
     void record(const PlaybackRecord &r) { m_records.append(r); }
     const QVector<PlaybackRecord> &records() const { return m_records; }
@@ -50,7 +71,12 @@ private:
     QHash<int, std::function<void(int, const QByteArray &)>> m_observers;
     int m_nextObserver = 1;
     int m_mute = 0;
+    void keepUndoBudget();
+    // Before the stack: its steps unregister their cost as the stack deletes them.
+    QHash<const QUndoCommand *, qint64> m_undoCosts;
+    qint64 m_undoCost = 0;
     QUndoStack m_undo;
+    ObjectFactory m_factory;
     QVector<PlaybackRecord> m_records;
     QHash<quint64, CSVGBase *> m_objects;
     quint64 m_nextSerial = 1;

@@ -3,6 +3,7 @@
 #include "svgbaseundocmd.h"
 #include "svgobj.h"
 #include "svgpathdata.h"
+#include <QBuffer>
 #include <QJsonDocument>
 #include <QPainter>
 #include <QtEndian>
@@ -10,10 +11,8 @@
 #include <limits>
 
 namespace {
-constexpr quint32 kStreamMagic = 0x50485953; // the host part of an object's stream
-constexpr quint16 kStreamVersion = 1;
-// Practical travel for a bound the template leaves open.
-constexpr double kOpenBound = 1e6;
+// Travel for a bound the template leaves open: as far as any drawing may reach.
+constexpr double kOpenBound = CSVGBase::kMaxExtent;
 
 bool isShape(const QSvgNode *n)
 {
@@ -83,117 +82,538 @@ QDataStream &readColor(QDataStream &in, QColor &color)
     return in;
 }
 
+namespace {
+
+// Reads a count of items of at least `least` bytes each, refusing one that the bytes
+// left cannot hold: a damaged count must never become an allocation.
+bool readCount(QDataStream &in, quint32 &n, int least)
+{
+    in >> n;
+    if (in.status() != QDataStream::Ok)
+        return false;
+    const QIODevice *d = in.device();
+    if (d && !d->isSequential() && qint64(n) * least > d->bytesAvailable()) {
+        in.setStatus(QDataStream::ReadCorruptData);
+        return false;
+    }
+    return true;
+}
+
+bool finite(const QRectF &r)
+{
+    return std::isfinite(r.x()) && std::isfinite(r.y()) && std::isfinite(r.width()) && std::isfinite(r.height());
+}
+
+bool within(double v, double bound) { return std::isfinite(v) && std::fabs(v) <= bound; }
+
+// An empty size (as Qt makes one: -1 by -1) or a drawable one.
+bool sane(const QSizeF &s, double bound)
+{
+    if (s == QSizeF())
+        return true;
+    return within(s.width(), bound) && within(s.height(), bound) && s.width() >= 0 && s.height() >= 0;
+}
+
+// FNV-1a: a stream whose bytes changed anywhere is refused before anything is applied.
+quint64 fnv(const QByteArray &bytes, quint64 h = 14695981039346656037ull)
+{
+    for (const char c : bytes) {
+        h ^= quint8(c);
+        h *= 1099511628211ull;
+    }
+    return h;
+}
+
+void writeNodeState(QDataStream &out, const QSvgNodeState &n)
+{
+    out << n.flags << n.text << n.savedFill << n.savedStroke << quint32(n.attrs.size());
+    for (const QSvgNode::Attr &a : n.attrs) {
+        const bool number = a.value.isNull() && a.numberState == 1;
+        out << a.name << quint8(number);
+        if (number)
+            out << a.number;
+        else
+            out << a.value;
+    }
+}
+
+bool readNodeState(QDataStream &in, QSvgNodeState &n)
+{
+    quint32 count = 0;
+    in >> n.flags >> n.text >> n.savedFill >> n.savedStroke;
+    if (!readCount(in, count, 5))
+        return false;
+    n.attrs.clear();
+    n.attrs.reserve(int(count));
+    for (quint32 i = 0; i < count; ++i) {
+        QString name;
+        quint8 number = 0;
+        in >> name >> number;
+        QSvgNode::Attr a{QSvgNode::internName(name), QString()};
+        if (number == 1) {
+            in >> a.number;
+            a.numberState = 1;
+        } else if (number == 0) {
+            in >> a.value;
+            if (a.value.isNull())
+                a.value = QStringLiteral("");
+        } else {
+            in.setStatus(QDataStream::ReadCorruptData);
+        }
+        if (in.status() != QDataStream::Ok || !SvgXml::isName(name))
+            return false;
+        n.attrs.append(a);
+    }
+    return in.status() == QDataStream::Ok && n.flags < 16;
+}
+
+constexpr quint32 kStreamMagic = 0x50485953; // the host part of an object's stream
+constexpr quint16 kStreamVersion = 2;
+constexpr quint32 kRecordMagic = 0x50485243; // a record: stream and kept values
+constexpr double kMaxSize = 1e7;             // item and document sizes
+
+// The keys a JSON form carries besides the host's, which the drawing patch depends on.
+quint64 jsonContext(const QJsonObject &json)
+{
+    QJsonObject own;
+    for (auto it = json.begin(); it != json.end(); ++it)
+        if (!it.key().startsWith(QLatin1String("svgbase_")))
+            own.insert(it.key(), it.value());
+    return own.isEmpty() ? 0 : fnv(QJsonDocument(own).toJson(QJsonDocument::Compact));
+}
+
+QByteArray emptyPatchBytes(const QDataStream &like)
+{
+    QByteArray b;
+    QDataStream t(&b, QIODevice::WriteOnly);
+    t.setVersion(like.version());
+    t.setByteOrder(like.byteOrder());
+    t << QByteArray();
+    return b;
+}
+
+} // namespace
+
+bool CSVGBase::refuseLoad(QDataStream *in, const QString &why)
+{
+    if (in && in->status() == QDataStream::Ok)
+        in->setStatus(QDataStream::ReadCorruptData);
+    m_loadError = why;
+    return false;
+}
+
+// The host's part: magic, version, type id, the length of the apparatus's own part
+// before it, colours and pen, item size, handle places, view box, document size and
+// cached bounds, the drawing patch, and a checksum of the whole stream.
 bool CSVGBase::save(QDataStream &out)
 {
-    out << kStreamMagic << kStreamVersion;
-    out << m_hostColor << m_lampColor << m_penColor << qint32(m_penStyle) << qint32(m_penWidth)
-        << m_fillBrush.color() << qint32(m_fillBrush.style() == Qt::NoBrush ? 0 : 1) << m_bExternalFilled;
-    const QRectF vb = m_pDocument ? m_pDocument->viewBox() : QRectF();
-    out << (m_pOwner ? m_pOwner->itemSize() : QSizeF()) << vb;
-    out << quint32(m_controlNodes.size());
-    for (QSvgNode *h : m_controlNodes) {
-        const QRectF r = h->rect();
-        out << r.x() << r.y();
+    QIODevice *dev = out.device();
+    if (m_bSavingBare) {
+        // The stream as a load rebuilds it, without the patch: the probe reads this. It
+        // is written into a buffer of ours, which holds the apparatus's part before it.
+        auto *buffer = qobject_cast<QBuffer *>(dev);
+        const QByteArray own = buffer ? buffer->data().left(int(buffer->pos())) : QByteArray();
+        QByteArray host;
+        {
+            QDataStream h(&host, QIODevice::WriteOnly);
+            h.setVersion(out.version());
+            h.setByteOrder(out.byteOrder());
+            h << kStreamMagic << kStreamVersion << qint32(getSVGType()) << quint32(own.size());
+            h << m_hostColor << m_lampColor << m_penColor << qint32(m_penStyle) << qint32(m_penWidth)
+              << m_fillBrush.color() << qint32(m_fillBrush.style() == Qt::NoBrush ? 0 : 1) << m_bExternalFilled;
+            h << (m_pOwner ? m_pOwner->itemSize() : QSizeF()) << quint32(m_controlNodes.size());
+            for (QSvgNode *c : m_controlNodes) {
+                const QRectF r = c->rect();
+                h << r.x() << r.y();
+            }
+            h << (m_pDocument ? m_pDocument->viewBox() : QRectF()) << (m_pDocument ? m_pDocument->givenSize() : QSizeF())
+              << (m_pDocument ? m_pDocument->cachedBoundsAsIs() : QRectF());
+        }
+        m_nBareFieldsSize = host.size();
+        QByteArray tail;
+        {
+            QDataStream t(&tail, QIODevice::WriteOnly);
+            t.setVersion(out.version());
+            t.setByteOrder(out.byteOrder());
+            t << QByteArray() << fnv(own + host + emptyPatchBytes(out));
+        }
+        m_nBareHostSize = host.size() + tail.size();
+        out.writeRawData(host.constData(), host.size());
+        out.writeRawData(tail.constData(), tail.size());
+        return out.status() == QDataStream::Ok;
     }
+    QByteArray bare;
+    {
+        QDataStream b(&bare, QIODevice::WriteOnly);
+        b.setVersion(out.version());
+        b.setByteOrder(out.byteOrder());
+        m_bSavingBare = true;
+        save(b);
+        m_bSavingBare = false;
+    }
+    const int ownLength = bare.size() - m_nBareHostSize;
+    const QByteArray fields = bare.mid(ownLength, m_nBareFieldsSize);
+    QByteArray patchBytes;
+    {
+        QDataStream t(&patchBytes, QIODevice::WriteOnly);
+        t.setVersion(out.version());
+        t.setByteOrder(out.byteOrder());
+        t << drawingPatch(bare);
+    }
+    QByteArray sum;
+    {
+        QDataStream t(&sum, QIODevice::WriteOnly);
+        t.setByteOrder(out.byteOrder());
+        t << fnv(bare.left(ownLength) + fields + patchBytes);
+    }
+    const QByteArray host = fields + patchBytes + sum;
+    out.writeRawData(host.constData(), host.size());
     return out.status() == QDataStream::Ok;
+}
+
+bool CSVGBase::readHostPart(QDataStream &in, HostPart &part)
+{
+    QIODevice *dev = in.device();
+    const qint64 hostStart = dev ? dev->pos() : -1;
+    quint32 magic = 0, own = 0, handles = 0;
+    quint16 version = 0;
+    qint32 type = 0;
+    in >> magic >> version;
+    if (in.status() != QDataStream::Ok || magic != kStreamMagic)
+        return refuseLoad(&in, QStringLiteral("not a saved apparatus"));
+    if (version != kStreamVersion)
+        return refuseLoad(&in, QStringLiteral("saved by another version (%1)").arg(version));
+    in >> type >> own;
+    if (in.status() != QDataStream::Ok)
+        return refuseLoad(&in, QStringLiteral("cut short"));
+    if (type != getSVGType())
+        return refuseLoad(&in, QStringLiteral("an apparatus of type %1, not %2").arg(type).arg(getSVGType()));
+    readColor(in, part.host);
+    readColor(in, part.lamp);
+    readColor(in, part.pen);
+    in >> part.penStyle >> part.penWidth;
+    readColor(in, part.fill);
+    in >> part.fillOn >> part.external >> part.itemSize;
+    if (!readCount(in, handles, 16))
+        return refuseLoad(&in, QStringLiteral("cut short or damaged"));
+    if (handles != quint32(m_controlNodes.size()))
+        return refuseLoad(&in, QStringLiteral("has %1 handles, not %2").arg(handles).arg(m_controlNodes.size()));
+    for (quint32 i = 0; i < handles; ++i) {
+        double x = 0, y = 0;
+        in >> x >> y;
+        if (!within(x, kMaxExtent) || !within(y, kMaxExtent))
+            in.setStatus(QDataStream::ReadCorruptData);
+        part.handles.append(QPointF(x, y));
+    }
+    in >> part.viewBox >> part.docSize >> part.cachedBounds;
+    QByteArray patch;
+    in >> patch;
+    const qint64 sumAt = dev ? dev->pos() : -1;
+    quint64 sum = 0;
+    in >> sum;
+    if (in.status() != QDataStream::Ok)
+        return refuseLoad(&in, QStringLiteral("cut short or damaged"));
+    if (part.penStyle < 0 || part.penStyle > Qt::CustomDashLine || part.penWidth < 0 || part.penWidth > 1000 ||
+        !sane(part.itemSize, kMaxSize) || !finite(part.viewBox) || !sane(part.docSize, kMaxSize) ||
+        !finite(part.cachedBounds) || !within(part.viewBox.x(), kMaxSize) || !within(part.viewBox.y(), kMaxSize) ||
+        !(part.viewBox.width() >= 0 && part.viewBox.width() <= kMaxSize) ||
+        !(part.viewBox.height() >= 0 && part.viewBox.height() <= kMaxSize))
+        return refuseLoad(&in, QStringLiteral("damaged"));
+    // The checksum covers the apparatus's own part too, read back from the device.
+    if (dev && !dev->isSequential() && hostStart >= qint64(own)) {
+        const qint64 resume = dev->pos();
+        QByteArray whole;
+        if (dev->seek(hostStart - own))
+            whole = dev->read(sumAt - (hostStart - own));
+        dev->seek(resume);
+        if (whole.size() != sumAt - (hostStart - own) || fnv(whole) != sum)
+            return refuseLoad(&in, QStringLiteral("damaged (checksum)"));
+    } else if (dev && !dev->isSequential()) {
+        return refuseLoad(&in, QStringLiteral("damaged"));
+    }
+    if (!readPatch(patch, part.patch))
+        return refuseLoad(&in, QStringLiteral("damaged drawing"));
+    part.context = m_nLoadContext;
+    return true;
+}
+
+bool CSVGBase::readPatch(const QByteArray &bytes, DrawingPatch &patch)
+{
+    patch = DrawingPatch();
+    if (bytes.isEmpty())
+        return true;
+    QDataStream in(bytes);
+    in >> patch.kind >> patch.context;
+    quint32 count = 0;
+    if (patch.kind == 1) {
+        in >> patch.nodeCount;
+        if (!readCount(in, count, 16))
+            return false;
+        for (quint32 i = 0; i < count; ++i) {
+            quint32 index = 0;
+            QString tag;
+            QSvgNodeState state;
+            in >> index >> tag;
+            if (in.status() != QDataStream::Ok || index >= patch.nodeCount || !SvgXml::isName(tag) ||
+                !readNodeState(in, state))
+                return false;
+            patch.index.append(index);
+            patch.tags.append(tag);
+            patch.states.append(state);
+        }
+    } else if (patch.kind == 2) {
+        if (!readCount(in, count, 20) || count == 0)
+            return false;
+        int previous = -1;
+        for (quint32 i = 0; i < count; ++i) {
+            QString tag;
+            qint32 depth = 0;
+            QSvgNodeState state;
+            in >> tag >> depth;
+            // A tree in document order: the root alone at 0, each node at most one deeper.
+            if (in.status() != QDataStream::Ok || !SvgXml::isName(tag) || depth > previous + 1 ||
+                (i == 0) != (depth == 0) || depth < 0 || depth > 256 || !readNodeState(in, state))
+                return false;
+            previous = depth;
+            patch.tags.append(tag);
+            patch.depths.append(depth);
+            patch.states.append(state);
+        }
+    } else {
+        return false;
+    }
+    return in.status() == QDataStream::Ok && in.atEnd();
+}
+
+// What a load of the bare stream gives, against what the drawing is: the drawing
+// patch. Empty for apparatus whose drawing follows from what the stream holds.
+QByteArray CSVGBase::drawingPatch(const QByteArray &bare)
+{
+    if (!m_pDocument)
+        return QByteArray();
+    if (bare == m_patchBare && m_pDocument->revision() == m_patchRevision)
+        return m_patch;
+    const SvgDocumentState now = m_pDocument->capture();
+    SvgDocumentState loaded;
+    bool probed = false;
+    GetFramework()->mute(true);
+    if (CSVGObj *probe = GetFramework()->createObject(getSVGType())) {
+        if (CSVGBase *c = probe->content()) {
+            if (m_pJsonSave) {
+                QJsonObject json = *m_pJsonSave;
+                json.insert(QStringLiteral("svgbase_stream"), QString::fromLatin1(bare.toBase64()));
+                c->loadJson(json);
+            } else {
+                QDataStream in(bare);
+                in.setVersion(QDataStream::Qt_5_15);
+                c->load(in);
+            }
+            if (c->lastLoadOk() && c->m_pDocument) {
+                loaded = c->m_pDocument->capture();
+                probed = true;
+            }
+        }
+        probe->Release();
+    }
+    GetFramework()->mute(false);
+    QByteArray patch;
+    QDataStream out(&patch, QIODevice::WriteOnly);
+    const quint64 context = m_pJsonSave ? jsonContext(*m_pJsonSave) : 0;
+    if (probed && now.sameShape(loaded)) {
+        QVector<int> differ;
+        for (int i = 0; i < now.nodes.size(); ++i)
+            if (now.nodes[i] != loaded.nodes[i])
+                differ.append(i);
+        if (!differ.isEmpty()) {
+            out << quint8(1) << context << quint32(now.nodes.size()) << quint32(differ.size());
+            for (int i : differ) {
+                out << quint32(i) << now.tags[i];
+                writeNodeState(out, now.nodes[i]);
+            }
+        }
+    } else {
+        // A load would build another tree: the whole drawing goes with the stream.
+        out << quint8(2) << context << quint32(now.nodes.size());
+        for (int i = 0; i < now.nodes.size(); ++i) {
+            out << now.tags[i] << qint32(now.depths[i]);
+            writeNodeState(out, now.nodes[i]);
+        }
+    }
+    m_patchBare = bare;
+    m_patchRevision = m_pDocument->revision();
+    m_patch = patch;
+    return patch;
+}
+
+void CSVGBase::applyPatch(const DrawingPatch &patch)
+{
+    if (!m_pDocument || patch.kind == 0)
+        return;
+    if (patch.kind == 2) {
+        SvgDocumentState state = m_pDocument->capture();
+        state.tags = patch.tags;
+        state.depths = patch.depths;
+        state.nodes = patch.states;
+        m_pDocument->restore(state);
+        findControlNodes();
+        return;
+    }
+    QVector<QSvgNode *> nodes;
+    forEachNode(m_pDocument, [&](QSvgNode *n) { nodes.append(n); });
+    // Only a stream made by another build could miss; its drawing then stays as loaded.
+    if (quint32(nodes.size()) != patch.nodeCount)
+        return;
+    for (int i = 0; i < patch.index.size(); ++i) {
+        QSvgNode *n = nodes[int(patch.index[i])];
+        if (n->tagName() == patch.tags[i])
+            n->setState(patch.states[i]);
+    }
+    findControlNodes();
+}
+
+void CSVGBase::applyLoaded(const HostPart &part, const std::function<void()> &own, const std::function<void()> &after)
+{
+    m_loadError.clear();
+    m_loading = true;
+    GetFramework()->mute(true);
+    if (own)
+        own();
+    m_hostColor = part.host;
+    m_lampColor = part.lamp;
+    m_penColor = part.pen;
+    m_penStyle = Qt::PenStyle(part.penStyle);
+    m_penWidth = part.penWidth;
+    m_fillBrush = part.fillOn ? QBrush(part.fill) : QBrush();
+    m_bExternalFilled = part.external;
+    // Replaying the handles lets each apparatus re-derive what only a drag derives
+    // (tick counts, angles) as a user's drag did. Handles go where they were, even
+    // past their bounds (a typed value may put them there).
+    for (int i = 0; i < m_controlNodes.size() && i < part.handles.size(); ++i) {
+        QSvgNode *h = m_controlNodes.at(i);
+        const QPointF delta = part.handles.at(i) - h->rect().topLeft();
+        if (delta != QPointF(0, 0)) {
+            h->translate(delta.x(), delta.y());
+            updateSVG(h, delta, true);
+        }
+    }
+    if (m_pDocument) {
+        const QRectF vb = part.viewBox, now = m_pDocument->viewBox();
+        if (vb != now)
+            adjustSvgPosition(vb.topLeft() - now.topLeft(), vb.width() - now.width(), vb.height() - now.height(), true);
+        m_pDocument->setViewBox(vb);
+        m_pDocument->setSize(part.docSize);
+        m_pDocument->setCachedBounds(part.cachedBounds);
+    }
+    applyHostColors();
+    if (after)
+        after();
+    // The patch puts back what the load does not rebuild, for the object as it was saved:
+    // a JSON form whose own keys were changed since keeps what they now say.
+    if (part.patch.context == part.context)
+        applyPatch(part.patch);
+    GetFramework()->mute(false);
+    m_loading = false;
+    if (m_pOwner && part.itemSize.width() > 0 && part.itemSize.height() > 0)
+        m_pOwner->setSize2(part.itemSize, false);
+    applyKept(part.kept);
+    if (m_pOwner)
+        m_pOwner->update();
 }
 
 bool CSVGBase::load(QDataStream &in)
 {
-    quint32 magic = 0;
-    quint16 version = 0;
-    in >> magic >> version;
-    if (in.status() != QDataStream::Ok || magic != kStreamMagic || version != kStreamVersion) {
-        in.setStatus(QDataStream::ReadCorruptData);
+    HostPart part;
+    if (!readHostPart(in, part))
         return false;
-    }
-    QColor host, lamp, pen, fill;
-    qint32 penStyle = 0, penWidth = 0, fillOn = 0;
-    bool external = false;
-    QSizeF itemSize;
-    QRectF vb;
-    quint32 count = 0;
-    readColor(in, host);
-    readColor(in, lamp);
-    readColor(in, pen);
-    in >> penStyle >> penWidth;
-    readColor(in, fill);
-    in >> fillOn >> external >> itemSize >> vb >> count;
-    // A stream is only trusted as far as it matches what this apparatus can be.
-    if (in.status() != QDataStream::Ok || count != quint32(m_controlNodes.size()) || penStyle < 0 ||
-        penStyle > Qt::CustomDashLine || penWidth < 0 || penWidth > 1000) {
-        in.setStatus(QDataStream::ReadCorruptData);
-        return false;
-    }
-    QVector<QPointF> handles;
-    for (quint32 i = 0; i < count; ++i) {
-        double x = 0, y = 0;
-        in >> x >> y;
-        if (!std::isfinite(x) || !std::isfinite(y))
-            in.setStatus(QDataStream::ReadCorruptData);
-        handles.append(QPointF(x, y));
-    }
-    if (in.status() != QDataStream::Ok)
-        return false;
-
-    m_hostColor = host;
-    m_lampColor = lamp;
-    m_penColor = pen;
-    m_penStyle = Qt::PenStyle(penStyle);
-    m_penWidth = penWidth;
-    m_fillBrush = fillOn ? QBrush(fill) : QBrush();
-    m_bExternalFilled = external;
-    // Replaying the handles through the drag path lets each apparatus re-derive its
-    // own members (tick counts, angles) exactly as a user's drag did.
-    m_loading = true;
-    GetFramework()->mute(true);
-    for (int i = 0; i < m_controlNodes.size(); ++i) {
-        QSvgNode *h = m_controlNodes.at(i);
-        const QPointF delta = handles.at(i) - h->rect().topLeft();
-        if (delta != QPointF(0, 0))
-            moveControlPoint(h, delta, true, false);
-    }
-    // The replay gave back what drags derive; the view box is put back as saved too,
-    // for apparatus that size themselves outside a drag (a label that fits its text).
-    const bool vbUsable = std::isfinite(vb.x()) && std::isfinite(vb.y()) && vb.width() > 0 && vb.height() > 0 &&
-                          vb.width() < 1e7 && vb.height() < 1e7 && std::fabs(vb.x()) < 1e7 && std::fabs(vb.y()) < 1e7;
-    if (m_pDocument && vbUsable && vb != m_pDocument->viewBox()) {
-        const QRectF now = m_pDocument->viewBox();
-        adjustSvgPosition(vb.topLeft() - now.topLeft(), vb.width() - now.width(), vb.height() - now.height(), true);
-    }
-    GetFramework()->mute(false);
-    m_loading = false;
-    applyHostColors();
-    if (m_pOwner && itemSize.width() > 0 && itemSize.height() > 0)
-        m_pOwner->setSize2(itemSize, false);
+    applyLoaded(part, nullptr, nullptr);
     return true;
 }
 
 void CSVGBase::saveJson(QJsonObject &json)
 {
+    json.insert(QStringLiteral("svgbase_type"), getSVGType());
     QByteArray bytes;
     {
         QDataStream out(&bytes, QIODevice::WriteOnly);
+        out.setVersion(QDataStream::Qt_5_15);
+        const QJsonObject base = json;
+        m_pJsonSave = &base;
         save(out);
+        m_pJsonSave = nullptr;
     }
-    json.insert(QStringLiteral("svgbase_type"), getSVGType());
     json.insert(QStringLiteral("svgbase_stream"), QString::fromLatin1(bytes.toBase64()));
+    if (!m_kept.empty())
+        json.insert(QStringLiteral("svgbase_kept"), QString::fromLatin1(keptBytes().toBase64()));
+}
+
+bool CSVGBase::readJson(const QJsonObject &json, QByteArray &stream, QVector<QVariant> &kept)
+{
+    const QJsonValue type = json.value(QStringLiteral("svgbase_type"));
+    const QJsonValue text = json.value(QStringLiteral("svgbase_stream"));
+    if (!type.isDouble() || !text.isString())
+        return refuseLoad(nullptr, QStringLiteral("the JSON holds no saved apparatus"));
+    if (type.toDouble() != getSVGType())
+        return refuseLoad(nullptr, QStringLiteral("an apparatus of type %1, not %2").arg(type.toDouble()).arg(getSVGType()));
+    const auto decoded = QByteArray::fromBase64Encoding(text.toString().toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
+    if (!decoded)
+        return refuseLoad(nullptr, QStringLiteral("the saved stream is not base64"));
+    stream = *decoded;
+    const QJsonValue k = json.value(QStringLiteral("svgbase_kept"));
+    if (!k.isUndefined()) {
+        const auto bytes = QByteArray::fromBase64Encoding(k.toString().toLatin1(), QByteArray::AbortOnBase64DecodingErrors);
+        if (!k.isString() || !bytes || !readKept(*bytes, kept))
+            return refuseLoad(nullptr, QStringLiteral("damaged kept values"));
+    }
+    return true;
+}
+
+bool CSVGBase::readHostJson(const QJsonObject &json, HostPart &part)
+{
+    QByteArray stream;
+    QVector<QVariant> kept;
+    if (!readJson(json, stream, kept))
+        return false;
+    QDataStream in(stream);
+    in.setVersion(QDataStream::Qt_5_15);
+    m_nLoadContext = jsonContext(json);
+    const bool ok = readHostPart(in, part);
+    m_nLoadContext = 0;
+    part.kept = kept;
+    return ok;
 }
 
 void CSVGBase::loadJson(QJsonObject &json)
 {
-    const QByteArray bytes = QByteArray::fromBase64(json.value(QStringLiteral("svgbase_stream")).toString().toLatin1());
-    if (bytes.isEmpty())
+    QByteArray stream;
+    QVector<QVariant> kept;
+    if (!readJson(json, stream, kept))
         return;
-    QDataStream in(bytes);
-    load(in);
+    QDataStream in(stream);
+    in.setVersion(QDataStream::Qt_5_15);
+    m_nLoadContext = jsonContext(json);
+    const bool ok = load(in);
+    m_nLoadContext = 0;
+    if (ok)
+        applyKept(kept);
 }
 
-void CSVGBase::SavePropertyForPlayback(QDataStream &out) { save(out); }
-void CSVGBase::LoadPropertyForPlayback(QDataStream &in) { load(in); }
+void CSVGBase::SavePropertyForPlayback(QDataStream &out) { out << record(); }
+
+void CSVGBase::LoadPropertyForPlayback(QDataStream &in)
+{
+    QByteArray r;
+    in >> r;
+    if (in.status() == QDataStream::Ok)
+        restoreRecord(r);
+}
 
 bool CSVGBase::DoPlaybackActionEx(int actionId, QDataStream &in)
 {
+    if (actionId == ACTION_STATE) {
+        QByteArray r;
+        in >> r;
+        return in.status() == QDataStream::Ok && restoreRecord(r);
+    }
     const int propId = actionIdToPropId(actionId);
     const CSVGPropItem *item = propItemByPropId(propId);
     return setInnerProperty(item ? item->attributeId() : propId, in, false, false);
@@ -223,14 +643,255 @@ bool CSVGBase::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 {
     if (id == ATTR_CAPTURE) {
         m_capturedHostColor = m_hostColor;
+        m_bCaptured = true;
         return true;
     }
     if (id == ATTR_RESTORE) {
+        // Nothing captured: nothing to put back, and nothing changes.
+        if (!m_bCaptured)
+            return false;
         m_hostColor = m_capturedHostColor;
         applyHostColors();
         return true;
     }
     return setInnerProperty(id, in, bRecord, bUndo);
+}
+
+// ------------------------------------------------------------- records
+
+void CSVGBase::keepValue(const QString &key, int *value, int lo, int hi)
+{
+    Kept k;
+    k.key = key;
+    k.i = value;
+    k.lo = lo;
+    k.hi = hi;
+    m_kept.push_back(k);
+}
+
+void CSVGBase::keepValue(const QString &key, double *value)
+{
+    Kept k;
+    k.key = key;
+    k.d = value;
+    m_kept.push_back(k);
+}
+
+QByteArray CSVGBase::keptBytes() const
+{
+    QByteArray b;
+    QDataStream out(&b, QIODevice::WriteOnly);
+    out << quint32(m_kept.size());
+    for (const Kept &k : m_kept) {
+        out << k.key;
+        if (k.i)
+            out << quint8(0) << qint32(*k.i);
+        else
+            out << quint8(1) << *k.d;
+    }
+    return b;
+}
+
+bool CSVGBase::readKept(const QByteArray &bytes, QVector<QVariant> &values)
+{
+    values.clear();
+    if (bytes.isEmpty())
+        return true;
+    QDataStream in(bytes);
+    quint32 n = 0;
+    in >> n;
+    if (in.status() != QDataStream::Ok || n != m_kept.size())
+        return false;
+    for (const Kept &k : m_kept) {
+        QString key;
+        quint8 kind = 0;
+        in >> key >> kind;
+        if (key != k.key || kind != (k.i ? 0 : 1))
+            return false;
+        if (k.i) {
+            qint32 v = 0;
+            in >> v;
+            if (v < k.lo || v > k.hi)
+                return false;
+            values.append(int(v));
+        } else {
+            double v = 0;
+            in >> v;
+            if (!std::isfinite(v))
+                return false;
+            values.append(v);
+        }
+    }
+    return in.status() == QDataStream::Ok && in.atEnd();
+}
+
+void CSVGBase::applyKept(const QVector<QVariant> &values)
+{
+    for (int i = 0; i < values.size() && i < int(m_kept.size()); ++i) {
+        if (m_kept[size_t(i)].i)
+            *m_kept[size_t(i)].i = values[i].toInt();
+        else
+            *m_kept[size_t(i)].d = values[i].toDouble();
+    }
+}
+
+QByteArray CSVGBase::record()
+{
+    QByteArray stream;
+    {
+        QDataStream out(&stream, QIODevice::WriteOnly);
+        out.setVersion(QDataStream::Qt_5_15);
+        save(out);
+    }
+    QByteArray r;
+    QDataStream out(&r, QIODevice::WriteOnly);
+    out.setVersion(QDataStream::Qt_5_15);
+    out << kRecordMagic << stream << keptBytes();
+    return r;
+}
+
+bool CSVGBase::restoreRecord(const QByteArray &r)
+{
+    QDataStream in(r);
+    in.setVersion(QDataStream::Qt_5_15);
+    quint32 magic = 0;
+    QByteArray stream, kept;
+    in >> magic >> stream >> kept;
+    if (in.status() != QDataStream::Ok || magic != kRecordMagic || !in.atEnd())
+        return refuseLoad(nullptr, QStringLiteral("not a record of an apparatus"));
+    QVector<QVariant> values;
+    if (!readKept(kept, values))
+        return refuseLoad(nullptr, QStringLiteral("damaged kept values"));
+    QDataStream s(stream);
+    s.setVersion(QDataStream::Qt_5_15);
+    if (!load(s) || !s.atEnd() || !lastLoadOk()) {
+        if (lastLoadOk())
+            m_loadError = QStringLiteral("damaged");
+        return false;
+    }
+    applyKept(values);
+    return true;
+}
+
+qint64 SvgUndoState::cost() const
+{
+    return qint64(sizeof(*this)) + record.size() + (drawing ? drawing->cost() : 0);
+}
+
+SvgUndoState CSVGBase::undoState()
+{
+    const QByteArray r = record();
+    const quint64 revision = m_pDocument ? m_pDocument->revision() : 0;
+    if (!m_lastUndo || m_lastUndo->record != r || m_lastUndoRevision != revision) {
+        auto s = std::make_shared<SvgUndoState>();
+        s->record = r;
+        if (m_pDocument)
+            s->drawing = std::make_shared<const SvgDocumentState>(m_pDocument->capture());
+        m_lastUndo = s;
+        m_lastUndoRevision = revision;
+    }
+    SvgUndoState s = *m_lastUndo;
+    s.itemPos = m_pOwner ? m_pOwner->pos() : QPointF();
+    return s;
+}
+
+void CSVGBase::restoreUndoState(const SvgUndoState &state)
+{
+    restoreRecord(state.record);
+    if (m_pDocument && state.drawing) {
+        m_pDocument->restore(*state.drawing);
+        findControlNodes();
+    }
+    if (m_pOwner) {
+        m_pOwner->setPos(state.itemPos);
+        m_pOwner->update();
+    }
+    // The state as restored is the state now: the next step can share it.
+    m_lastUndo = std::make_shared<SvgUndoState>(state);
+    m_lastUndoRevision = m_pDocument ? m_pDocument->revision() : 0;
+}
+
+// ------------------------------------------------------------- the edit path
+
+struct CSVGBase::Edit {
+    std::shared_ptr<const SvgUndoState> before;
+    std::vector<std::unique_ptr<QUndoCommand>> commands;
+    QVector<PlaybackRecord> records;
+    bool drag = false;
+};
+
+namespace {
+int gMaxText = CSVGBase::kDefaultMaxText;
+}
+
+int CSVGBase::maxTextLength() { return gMaxText; }
+void CSVGBase::setMaxTextLength(int n) { gMaxText = qMax(1, n); }
+
+void CSVGBase::beginEdit()
+{
+    m_edit = std::make_unique<Edit>();
+    m_edit->before = std::make_shared<SvgUndoState>(undoState());
+}
+
+bool CSVGBase::commitEdit(const QString &text)
+{
+    std::unique_ptr<Edit> e = std::move(m_edit);
+    if (!e)
+        return false;
+    auto after = std::make_shared<SvgUndoState>(undoState());
+    if (after->record == e->before->record)
+        return false; // nothing changed: no step, no record
+    GetFramework()->pushUndo(new CSVGEditCmd(this, e->before, after, text, std::move(e->commands)));
+    if (e->records.isEmpty()) {
+        QByteArray data;
+        QDataStream out(&data, QIODevice::WriteOnly);
+        out << after->record;
+        GetFramework()->record(PlaybackRecord{m_serial, ACTION_STATE, PlaybackRecord::KindRecord, data});
+    } else {
+        for (const PlaybackRecord &r : e->records)
+            GetFramework()->record(r);
+    }
+    return true;
+}
+
+bool CSVGBase::edit(const std::function<void()> &change, const QString &text)
+{
+    if (m_edit) { // part of the edit already open (a drag, or an edit inside an edit)
+        change();
+        return true;
+    }
+    beginEdit();
+    change();
+    return commitEdit(text.isEmpty() ? QStringLiteral("edit") : text);
+}
+
+bool CSVGBase::editSettings(const QMap<QString, QString> &values)
+{
+    QMap<QString, QString> v = values;
+    return edit([&]() { SetSettingArray(v, true, true); }, QStringLiteral("settings"));
+}
+
+bool CSVGBase::editAttribute(int id, const QByteArray &value)
+{
+    return edit(
+        [&]() {
+            QDataStream in(value);
+            SetAttribute(id, in, true, true);
+        },
+        QStringLiteral("property %1").arg(id));
+}
+
+bool CSVGBase::editRestore()
+{
+    if (!m_bCaptured)
+        return false;
+    return edit(
+        [&]() {
+            QByteArray none;
+            QDataStream in(&none, QIODevice::ReadOnly);
+            SetAttribute(ATTR_RESTORE, in, false, false);
+        },
+        QStringLiteral("restore"));
 }
 
 bool CSVGBase::GetSpecialProperty(int, QDataStream &) { return false; }
@@ -255,21 +916,14 @@ void CSVGBase::keyPressEvent(QKeyEvent *) {}
 
 bool CSVGBase::loadSVG(bool)
 {
-    m_controlNodes.clear();
-    m_pHitHandle = nullptr;
     m_dragHandle = -1;
     clearPropItems();
     // Content classes without a loader of their own (the fixed symbols) get their template here.
     if (!m_pDocument)
-        m_pDocument = QSvgTinyDocument::load(getSVG().toUtf8());
+        m_pDocument = QSvgTinyDocument::fromTemplate(getSVG());
+    findControlNodes();
     if (!m_pDocument)
         return false;
-    for (int i = 1;; ++i) {
-        QSvgNode *h = m_pDocument->namedNode(QStringLiteral("control_%1").arg(i));
-        if (!h)
-            break;
-        m_controlNodes.append(h);
-    }
     initPropItems();
     initSpecialPropItems();
     initGlobalPropValues();
@@ -649,13 +1303,70 @@ void CSVGBase::addAllControlPointsRegion(QPainterPath *path)
 
 void CSVGBase::addUndoRedo(CSVGBaseUndoCmd *cmd)
 {
-    if (cmd)
-        GetFramework()->undoStack()->push(cmd);
+    if (!cmd)
+        return;
+    // Inside an edit the apparatus's command becomes part of the edit's one step.
+    if (m_edit)
+        m_edit->commands.emplace_back(cmd);
+    else
+        GetFramework()->pushUndo(cmd);
 }
 
 void CSVGBase::RecordData(int kind, const QByteArray &data, int propId)
 {
-    GetFramework()->record(PlaybackRecord{m_serial, propId, kind, data});
+    const PlaybackRecord r{m_serial, propId, kind, data};
+    if (m_edit)
+        m_edit->records.append(r);
+    else
+        GetFramework()->record(r);
+}
+
+namespace {
+void appendJsonString(QByteArray &out, const QString &s)
+{
+    out += '"';
+    int plain = 0; // start of the run not yet copied
+    for (int i = 0; i < s.size(); ++i) {
+        const ushort u = s.at(i).unicode();
+        if (u != '"' && u != '\\' && u >= 0x20)
+            continue;
+        out += s.midRef(plain, i - plain).toUtf8();
+        if (u < 0x20) {
+            out += "\\u00";
+            out += "0123456789abcdef"[u >> 4];
+            out += "0123456789abcdef"[u & 15];
+        } else {
+            out += '\\';
+            out += char(u);
+        }
+        plain = i + 1;
+    }
+    out += s.midRef(plain).toUtf8();
+    out += '"';
+}
+} // namespace
+
+void CSVGBase::postSettings(const QVector<QPair<QString, QString>> &settings)
+{
+    // Written by hand: a drag posts on every step, and this is most of a step's cost.
+    QByteArray json = "{\"settings\":[";
+    for (int i = 0; i < settings.size(); ++i) {
+        json += i ? ",{\"id\":" : "{\"id\":";
+        appendJsonString(json, settings[i].first);
+        json += ",\"value\":";
+        appendJsonString(json, settings[i].second);
+        json += '}';
+    }
+    json += "]}";
+    GetFramework()->PostMessage(CFramework::MSG_SETTINGS_CHANGED, 0, &json, -1);
+}
+
+void CSVGBase::postNotice(const QString &key, const QString &value, const QString &notice)
+{
+    const QJsonArray items{QJsonObject{{QStringLiteral("id"), key}, {QStringLiteral("value"), value}}};
+    const QByteArray json =
+        QJsonDocument(QJsonObject{{QStringLiteral("settings"), items}, {QStringLiteral("notice"), notice}}).toJson(QJsonDocument::Compact);
+    GetFramework()->PostMessage(CFramework::MSG_SETTINGS_CHANGED, 0, &json, -1);
 }
 
 void CSVGBase::RecordInt(int value, int propId)
@@ -704,59 +1415,18 @@ const CSVGPropItem *CSVGBase::propItemByPropId(int propId) const
     return nullptr;
 }
 
-std::shared_ptr<const SvgDocumentState> CSVGBase::captureDocumentState() const
+void CSVGBase::findControlNodes()
 {
-    auto state = std::make_shared<SvgDocumentState>();
+    m_controlNodes.clear();
+    m_pHitHandle = nullptr;
     if (!m_pDocument)
-        return state;
-    state->viewBox = m_pDocument->viewBox();
-    state->size = m_pDocument->size();
-    forEachNode(m_pDocument, [&](QSvgNode *n) {
-        state->nodes.append({n->tagName(), n->attributes(), n->text(), n->isVisible()});
-    });
-    return state;
-}
-
-bool CSVGBase::restoreDocumentState(const SvgDocumentState &state)
-{
-    if (!m_pDocument)
-        return false;
-    QVector<QSvgNode *> nodes;
-    forEachNode(m_pDocument, [&](QSvgNode *n) { nodes.append(n); });
-    if (nodes.size() != state.nodes.size())
-        return false;
-    for (int i = 0; i < nodes.size(); ++i)
-        if (nodes[i]->tagName() != state.nodes[i].tag)
-            return false;
-    // Through the host's own service, so that the item keeps the drawing in place.
-    const QRectF vb = m_pDocument->viewBox();
-    if (vb != state.viewBox && state.viewBox.isValid())
-        adjustSvgPosition(state.viewBox.topLeft() - vb.topLeft(), state.viewBox.width() - vb.width(),
-                          state.viewBox.height() - vb.height(), true);
-    m_pDocument->setViewBox(state.viewBox);
-    m_pDocument->setSize(state.size);
-    for (int i = 0; i < nodes.size(); ++i) {
-        QSvgNode *n = nodes[i];
-        const SvgDocumentState::Node &want = state.nodes[i];
-        QStringList gone;
-        for (const QSvgNode::Attr &a : n->attributes()) {
-            bool kept = false;
-            for (const QSvgNode::Attr &w : want.attrs)
-                kept = kept || w.name == a.name;
-            if (!kept)
-                gone << a.name;
-        }
-        for (const QString &name : gone)
-            n->removeAttribute(name);
-        for (const QSvgNode::Attr &w : want.attrs)
-            if (n->attribute(w.name) != w.value || !n->hasAttribute(w.name))
-                n->setAttribute(w.name, w.value);
-        n->setText(want.text);
-        n->setVisible(want.visible);
+        return;
+    for (int i = 1;; ++i) {
+        QSvgNode *h = m_pDocument->namedNode(QStringLiteral("control_%1").arg(i));
+        if (!h)
+            break;
+        m_controlNodes.append(h);
     }
-    if (m_pOwner)
-        m_pOwner->update(QRectF());
-    return true;
 }
 
 QPointF CSVGBase::moveControlPoint(QSvgNode *handle, QPointF delta, bool bFinal, bool bUndo, bool *handled)
@@ -768,15 +1438,27 @@ QPointF CSVGBase::moveControlPoint(QSvgNode *handle, QPointF delta, bool bFinal,
         delta.setX(0);
     if (!std::isfinite(delta.y()))
         delta.setY(0);
-    const QPointF start = handle->rect().topLeft();
     if (m_dragHandle != index) {
+        // A drag of another handle that was never finished ends here.
+        if (m_edit && m_edit->drag)
+            commitEdit(QStringLiteral("move control_%1").arg(m_dragHandle + 1));
         m_dragHandle = index;
-        m_dragStart = start;
-        m_dragBefore = bUndo && !m_loading ? captureDocumentState() : nullptr;
+        if (bUndo && !m_loading && !m_edit) {
+            beginEdit();
+            m_edit->drag = true;
+        }
     }
+    const QPointF start = handle->rect().topLeft();
     const double x = qBound(getXMin(handle), start.x() + delta.x(), getXMax(handle));
     const double y = qBound(getYMin(handle), start.y() + delta.y(), getYMax(handle));
     QPointF applied(x - start.x(), y - start.y());
+    // Never past the extent every drawing stays within.
+    if (!std::isfinite(applied.x()))
+        applied.setX(0);
+    if (!std::isfinite(applied.y()))
+        applied.setY(0);
+    applied.setX(qBound(-kMaxExtent, start.x() + applied.x(), kMaxExtent) - start.x());
+    applied.setY(qBound(-kMaxExtent, start.y() + applied.y(), kMaxExtent) - start.y());
     if (!CanMoveControlPoint(handle, applied))
         applied = QPointF();
     if (applied != QPointF())
@@ -785,13 +1467,9 @@ QPointF CSVGBase::moveControlPoint(QSvgNode *handle, QPointF delta, bool bFinal,
     if (handled)
         *handled = r;
     if (bFinal) {
-        // The apparatus may have put the handle somewhere else (a snap-back).
-        const QPointF end = m_controlNodes.value(index) ? m_controlNodes.at(index)->rect().topLeft() : start;
-        if (bUndo && !m_loading && end != m_dragStart)
-            GetFramework()->undoStack()->push(
-                new CSVGHandleMoveCmd(this, index, m_dragStart, end, m_dragBefore, captureDocumentState()));
+        if (m_edit && m_edit->drag)
+            commitEdit(QStringLiteral("move control_%1").arg(index + 1));
         m_dragHandle = -1;
-        m_dragBefore.reset();
     }
     return applied;
 }

@@ -15,29 +15,17 @@
 #include <QPainterPath>
 #include <QSizeF>
 #include <QVariant>
+#include <functional>
 #include <memory>
 #include <vector>
 
 class CSVGObj;
 class CSVGBaseUndoCmd;
-
-// What a drawing looks like at one moment: every node's attributes, text and
-// visibility in document order, with the view box and size. Undo puts it back in
-// place, so node pointers the apparatus holds stay valid.
-struct SvgDocumentState {
-    struct Node {
-        QString tag;
-        QVector<QSvgNode::Attr> attrs;
-        QString text;
-        bool visible = true;
-    };
-    QVector<Node> nodes;
-    QRectF viewBox;
-    QSizeF size;
-};
 class QPainter;
 class QGraphicsSceneMouseEvent;
 class QKeyEvent;
+class QUndoCommand;
+struct PlaybackRecord;
 
 // Reads a colour the way QDataStream writes one, but refuses a colour kind
 // Qt does not know (Qt would keep it as is, and later use it as an enum): the stream is
@@ -45,11 +33,28 @@ class QKeyEvent;
 // page file or another untrusted stream.
 HOST_EXPORT QDataStream &readColor(QDataStream &in, QColor &color);
 
+// What an undo step puts back: the object's record, its exact drawing and where its
+// item stood. Shared between the steps on either side of it.
+struct HOST_EXPORT SvgUndoState {
+    QByteArray record;
+    std::shared_ptr<const SvgDocumentState> drawing;
+    QPointF itemPos;
+    qint64 cost() const;
+};
+
 class HOST_EXPORT CSVGBase
 {
 public:
     // Host-level property ids.
     enum { PROP_COLOR = 5002, PROP_LAMP_COLOR = 5005, ATTR_CAPTURE = 2804, ATTR_RESTORE = 2805 };
+    // Playback records the host makes itself: the object's whole record after an edit
+    // that the apparatus records no value of.
+    enum { ACTION_STATE = 2900 };
+    // A label or other text an apparatus keeps is cut to this many characters by default.
+    static constexpr int kDefaultMaxText = 1000;
+    // No handle or drawing reaches further from the origin than this, in document units:
+    // a page can always be drawn and exported, and an apparatus never grows without bound.
+    static constexpr double kMaxExtent = 100000;
 
     explicit CSVGBase(CSVGObj *owner);
 
@@ -134,6 +139,12 @@ public:
     void RecordBool(bool value, int propId);
     void RecordColor(QColor value, int propId);
     void RecordData(int kind, const QByteArray &data, int propId);
+    // Posts the panel refresh {"settings":[{"id": key, "value": value}, ...]} (message 100),
+    // all pairs in one message.
+    static void postSettings(const QVector<QPair<QString, QString>> &settings);
+    static void postSetting(const QString &key, const QString &value) { postSettings({{key, value}}); }
+    // Tells the panel a value was not taken as given: {"settings": [...], "notice": key}.
+    static void postNotice(const QString &key, const QString &value, const QString &notice);
 
     // --- host side ---------------------------------------------------------
     CSVGObj *owner() const { return m_pOwner; }
@@ -145,18 +156,90 @@ public:
     const CSVGPropItem *propItemByPropId(int propId) const;
     QSvgNode *hitHandle() const { return m_pHitHandle; }
     // The host's drag: moves the handle within its bounds, then calls updateSVG.
-    // Returns the displacement actually applied. A final call closes one undo step.
+    // Returns the displacement actually applied. The first step opens an edit and a
+    // final one closes it: one undo step and one playback record per drag.
     QPointF moveControlPoint(QSvgNode *handle, QPointF delta, bool bFinal, bool bUndo = true,
                              bool *handled = nullptr);
     // Maps a point in the owner item's coordinates to document units.
     QPointF itemToDocument(const QPointF &p) const;
     bool isLoading() const { return m_loading; }
-    std::shared_ptr<const SvgDocumentState> captureDocumentState() const;
-    // Writes a captured state back when the drawing still has the same nodes; false
-    // (and nothing changed) when the drawing has since grown or lost nodes.
-    bool restoreDocumentState(const SvgDocumentState &state);
+
+    // --- state ---------------------------------------------------------------
+    // The object's record: its stream and what it keeps outside the stream (keepValue).
+    // An undo step, a page and the clipboard hold this.
+    QByteArray record();
+    // Loads a record; all or nothing, like load.
+    bool restoreRecord(const QByteArray &record);
+    // The last load, loadJson or restoreRecord: whether it was taken, and why not.
+    bool lastLoadOk() const { return m_loadError.isEmpty(); }
+    QString lastLoadError() const { return m_loadError; }
+    // Whether a state was captured (2804) that a restore (2805) could put back.
+    bool hasCapture() const { return m_bCaptured; }
+    // What an undo step needs to put the object back exactly as it is now.
+    SvgUndoState undoState();
+    void restoreUndoState(const SvgUndoState &state);
+
+    // --- the edit path -------------------------------------------------------
+    // Every change a user makes goes through here: panel values, attributes, a restore,
+    // or any change the function makes. It applies the change, makes exactly one undo
+    // step (the apparatus's own commands inside it, or the host's from the record before
+    // and after), and one playback record (the apparatus's own, or the host's of the
+    // record after). Nothing changed: no step, no record, false.
+    bool edit(const std::function<void()> &change, const QString &text = QString());
+    bool editSettings(const QMap<QString, QString> &values);
+    bool editAttribute(int id, const QByteArray &value);
+    bool editRestore();
+    bool editing() const { return m_edit != nullptr; }
+    // The longest text an apparatus keeps (labels); longer texts are cut with a notice.
+    static int maxTextLength();
+    static void setMaxTextLength(int n);
 
 protected:
+    // The host's part of a stream, read and checked in full before anything is applied.
+    struct DrawingPatch {
+        quint8 kind = 0;                 // 0 none, 1 some nodes, 2 the whole drawing
+        quint64 context = 0;             // what it was made against besides the stream (JSON keys)
+        quint32 nodeCount = 0;           // nodes the drawing has before the patch (kind 1)
+        QVector<quint32> index;          // kind 1: which nodes
+        QVector<QString> tags;           // kind 1: their tags; kind 2: every tag
+        QVector<int> depths;             // kind 2
+        QVector<QSvgNodeState> states;
+    };
+    struct HostPart {
+        QColor host, lamp, pen, fill;
+        qint32 penStyle = 0, penWidth = 0, fillOn = 0;
+        bool external = false;
+        QSizeF itemSize;
+        QVector<QPointF> handles;
+        QRectF viewBox, cachedBounds;
+        QSizeF docSize;
+        DrawingPatch patch;
+        QVector<QVariant> kept;          // what keepValue members hold, in their order
+        quint64 context = 0;             // the JSON keys it came with, to match the patch
+    };
+    // Reads the host's part; false (and the reason in lastLoadError) when it is short,
+    // damaged, or of another type. Nothing is applied.
+    bool readHostPart(QDataStream &in, HostPart &part);
+    // The host's part of a JSON form whose stream holds the host's part alone.
+    bool readHostJson(const QJsonObject &json, HostPart &part);
+    // The stream and kept values of a JSON form, checked to be of this apparatus.
+    bool readJson(const QJsonObject &json, QByteArray &stream, QVector<QVariant> &kept);
+    // Applies a read host part: own() puts the apparatus's own part in place first, then
+    // the handles are replayed through updateSVG, then after() runs the apparatus's hooks,
+    // and last the drawing is put back exactly as it was saved.
+    void applyLoaded(const HostPart &part, const std::function<void()> &own, const std::function<void()> &after);
+    // Records why a load was refused; returns false.
+    bool refuseLoad(QDataStream *in, const QString &why);
+    void acceptLoad() { m_loadError.clear(); }
+
+    // 2804 was seen and 2805 may put a state back: apparatus test these in SetAttribute.
+    bool isCapture(int id) const { return id == ATTR_CAPTURE; }
+    bool isRestore(int id) const { return id == ATTR_RESTORE && m_bCaptured; }
+    // A member the host keeps in the object's record (not its stream), for state the
+    // Part's stream leaves out. Values read back are held to [lo, hi].
+    void keepValue(const QString &key, int *value, int lo, int hi);
+    void keepValue(const QString &key, double *value);
+
     CSVGObj *m_pOwner;
     QSvgTinyDocument *m_pDocument = nullptr;
     QList<QSvgNode *> m_controlNodes;
@@ -166,23 +249,54 @@ protected:
     QPainterPath *m_pOutlinePath;
 
 private:
+    struct Edit;
+    struct Kept {
+        QString key;
+        int *i = nullptr;
+        double *d = nullptr;
+        int lo = 0, hi = 0;
+    };
+
     void clearPropItems();
     void applyHostColors();
     bool setHostColor(int id, QColor &slot, QDataStream &in, bool bRecord, bool bUndo);
+    bool readPatch(const QByteArray &bytes, DrawingPatch &patch);
+    void applyPatch(const DrawingPatch &patch);
+    QByteArray drawingPatch(const QByteArray &bare);
+    QByteArray keptBytes() const;
+    bool readKept(const QByteArray &bytes, QVector<QVariant> &values);
+    void applyKept(const QVector<QVariant> &values);
+    void findControlNodes();
+    void beginEdit();
+    bool commitEdit(const QString &text);
+    QJsonArray settingsNow();
 
     quint64 m_serial;
     QSvgNode *m_pHitHandle = nullptr;
     QColor m_hostColor;             // 5002: the drawing's colour
     QColor m_lampColor;             // 5005: the light colour (a lamp's bulb)
     QColor m_capturedHostColor;
+    bool m_bCaptured = false;
     QColor m_penColor = Qt::black;
     Qt::PenStyle m_penStyle = Qt::SolidLine;
     int m_penWidth = 1;
     QBrush m_fillBrush;
     bool m_bExternalFilled = false;
     bool m_loading = false;
-    // Drag in progress: handle index and where it started.
+    bool m_bSavingBare = false;     // save() without the drawing patch (to compute it)
+    int m_nBareHostSize = 0;        // bytes of the host's part in the last bare save
+    int m_nBareFieldsSize = 0;      // of which its fields, before the patch and checksum
+    const QJsonObject *m_pJsonSave = nullptr;  // saveJson in progress: the probe loads JSON
+    QString m_loadError;
+    quint64 m_nLoadContext = 0;     // the JSON keys of a loadJson in progress
+    std::vector<Kept> m_kept;
+    // The patch of the last save, valid while the bare stream and the drawing are as then.
+    QByteArray m_patchBare;
+    quint64 m_patchRevision = 0;
+    QByteArray m_patch;
+    // The undo state of the last request, valid while record and drawing are as then.
+    std::shared_ptr<SvgUndoState> m_lastUndo;
+    quint64 m_lastUndoRevision = 0;
+    std::unique_ptr<Edit> m_edit;
     int m_dragHandle = -1;
-    QPointF m_dragStart;
-    std::shared_ptr<const SvgDocumentState> m_dragBefore;
 };

@@ -2,8 +2,68 @@
 #include "framework.h"
 #include "svgbase.h"
 
+CSVGStateUndo::CSVGStateUndo(CSVGBase *target, std::shared_ptr<const SvgUndoState> before,
+                             std::shared_ptr<const SvgUndoState> after, QUndoCommand *parent)
+    : QUndoCommand(parent), m_target(target ? target->serial() : 0)
+{
+    setStates(std::move(before), std::move(after));
+}
+
+CSVGStateUndo::~CSVGStateUndo() { GetFramework()->setUndoCost(this, 0); }
+
+CSVGBase *CSVGStateUndo::targetObject() const { return GetFramework()->object(m_target); }
+
+void CSVGStateUndo::setStates(std::shared_ptr<const SvgUndoState> before, std::shared_ptr<const SvgUndoState> after)
+{
+    m_before = std::move(before);
+    m_after = std::move(after);
+    GetFramework()->setUndoCost(this, cost());
+}
+
+qint64 CSVGStateUndo::cost() const
+{
+    // Neighbouring steps share a state; counting it on both sides keeps the budget safe.
+    return (m_before ? m_before->cost() : 0) + (m_after ? m_after->cost() : 0);
+}
+
+void CSVGStateUndo::release()
+{
+    if (m_released)
+        return;
+    m_released = true;
+    setStates(nullptr, nullptr);
+    setObsolete(true);
+}
+
+void CSVGStateUndo::undo()
+{
+    CSVGBase *t = targetObject();
+    if (!t || m_released)
+        return;
+    if (!m_after) // a step pushed as it was made learns its after state now
+        setStates(m_before, std::make_shared<SvgUndoState>(t->undoState()));
+    if (m_before)
+        t->restoreUndoState(*m_before);
+}
+
+void CSVGStateUndo::redo()
+{
+    // The change is already made when the step is pushed.
+    if (m_firstRedo) {
+        m_firstRedo = false;
+        return;
+    }
+    CSVGBase *t = targetObject();
+    if (t && m_after && !m_released)
+        t->restoreUndoState(*m_after);
+}
+
 CSVGBaseUndoCmd::CSVGBaseUndoCmd(CSVGBase *target, int propId, QUndoCommand *parent, bool)
-    : QUndoCommand(parent), m_target(target ? target->serial() : 0), m_propId(propId)
+    : CSVGStateUndo(target,
+                    // Inside an edit the edit's own step keeps the states.
+                    target && !target->editing() ? std::make_shared<SvgUndoState>(target->undoState()) : nullptr,
+                    nullptr, parent),
+      m_propId(propId)
 {
     setText(QStringLiteral("property %1").arg(propId));
 }
@@ -15,7 +75,7 @@ void CSVGBaseUndoCmd::setString(QString o, QString n) { m_old = o; m_new = n; }
 
 void CSVGBaseUndoCmd::apply(const QVariant &v)
 {
-    CSVGBase *t = GetFramework()->object(m_target);
+    CSVGBase *t = targetObject();
     if (!t)
         return; // the object is gone: nothing to put back
     const CSVGPropItem *item = t->propItemByPropId(m_propId);
@@ -34,45 +94,27 @@ void CSVGBaseUndoCmd::apply(const QVariant &v)
     t->setInnerProperty(attributeId, in, false, false);
 }
 
-void CSVGBaseUndoCmd::undo() { apply(m_old); }
+void CSVGBaseUndoCmd::undo()
+{
+    if (m_before || released())
+        CSVGStateUndo::undo();
+    else
+        apply(m_old);
+}
 
 void CSVGBaseUndoCmd::redo()
 {
-    // The change is already made when the command is pushed.
-    if (m_firstRedo) {
-        m_firstRedo = false;
+    if (m_firstRedo || m_before || released()) {
+        CSVGStateUndo::redo();
         return;
     }
     apply(m_new);
 }
 
-CSVGHandleMoveCmd::CSVGHandleMoveCmd(CSVGBase *target, int handle, QPointF from, QPointF to,
-                                     std::shared_ptr<const SvgDocumentState> before,
-                                     std::shared_ptr<const SvgDocumentState> after)
-    : m_before(std::move(before)), m_after(std::move(after)), m_target(target->serial()), m_handle(handle),
-      m_from(from), m_to(to)
+CSVGEditCmd::CSVGEditCmd(CSVGBase *target, std::shared_ptr<const SvgUndoState> before,
+                         std::shared_ptr<const SvgUndoState> after, const QString &text,
+                         std::vector<std::unique_ptr<QUndoCommand>> parts)
+    : CSVGStateUndo(target, std::move(before), std::move(after)), m_parts(std::move(parts))
 {
-    setText(QStringLiteral("move control_%1").arg(handle + 1));
-}
-
-void CSVGHandleMoveCmd::moveTo(QPointF p, const std::shared_ptr<const SvgDocumentState> &state)
-{
-    CSVGBase *t = GetFramework()->object(m_target);
-    if (!t || m_handle < 0 || m_handle >= t->controlNodes().size())
-        return;
-    QSvgNode *h = t->controlNodes().at(m_handle);
-    t->moveControlPoint(h, p - h->rect().topLeft(), true, false);
-    if (state)
-        t->restoreDocumentState(*state);
-}
-
-void CSVGHandleMoveCmd::undo() { moveTo(m_from, m_before); }
-
-void CSVGHandleMoveCmd::redo()
-{
-    if (m_firstRedo) {
-        m_firstRedo = false;
-        return;
-    }
-    moveTo(m_to, m_after);
+    setText(text);
 }

@@ -1,4 +1,5 @@
 #include "svghandler.h"
+#include <QSet>
 
 namespace {
 // Input is untrusted page data: bound nesting and size rather than trust it.
@@ -6,6 +7,144 @@ constexpr int kMaxDepth = 256;
 constexpr int kMaxNodes = 2000000;
 
 QString lastErrorText;
+
+// QXmlStreamReader checks each attribute of an element against all the ones before it,
+// which is quadratic in their number. A start tag with more than this many attributes
+// is split before the reader sees it: its first ones stay, the rest follow as empty
+// continuation elements of kWide each, which the handler folds back into the element.
+constexpr int kWide = 64;
+
+bool isSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+
+bool startsAt(const QByteArray &in, int i, const char *what)
+{
+    const int len = int(qstrlen(what));
+    return i + len <= in.size() && qstrncmp(in.constData() + i, what, uint(len)) == 0;
+}
+
+// Index just past `what` at or after i, or -1.
+int skipPast(const QByteArray &in, int i, const char *what)
+{
+    const int at = in.indexOf(what, i);
+    return at < 0 ? -1 : at + int(qstrlen(what));
+}
+
+// Returns the input with every wide start tag split (or the input itself when there is
+// none, or when the markup is malformed: the reader then reports it).
+QByteArray splitWideTags(const QByteArray &in, const QByteArray &marker)
+{
+    QByteArray out;
+    int copied = 0;
+    int i = 0;
+    const int n = in.size();
+    while (true) {
+        i = in.indexOf('<', i);
+        if (i < 0 || i + 1 >= n)
+            break;
+        if (startsAt(in, i, "<!--")) {
+            i = skipPast(in, i + 4, "-->");
+        } else if (startsAt(in, i, "<![CDATA[")) {
+            i = skipPast(in, i + 9, "]]>");
+        } else if (in.at(i + 1) == '?') {
+            i = skipPast(in, i + 2, "?>");
+        } else if (in.at(i + 1) == '!') {
+            // A doctype: its internal subset may hold '>' inside brackets and quotes.
+            int depth = 0;
+            char quote = 0;
+            int j = i + 2;
+            for (; j < n; ++j) {
+                const char c = in.at(j);
+                if (quote) {
+                    if (c == quote)
+                        quote = 0;
+                } else if (c == '"' || c == '\'') {
+                    quote = c;
+                } else if (c == '[') {
+                    ++depth;
+                } else if (c == ']') {
+                    --depth;
+                } else if (c == '>' && depth <= 0) {
+                    break;
+                }
+            }
+            i = j < n ? j + 1 : -1;
+        } else if (in.at(i + 1) == '/') {
+            i = skipPast(in, i + 2, ">");
+        } else {
+            // A start tag: its name, then name="value" pairs.
+            int j = i + 1;
+            while (j < n && !isSpace(in.at(j)) && in.at(j) != '>' && in.at(j) != '/')
+                ++j;
+            const QByteArray name = in.mid(i + 1, j - i - 1);
+            QVector<QPair<int, int>> attrs;
+            bool selfClosing = false;
+            while (true) {
+                while (j < n && isSpace(in.at(j)))
+                    ++j;
+                if (j >= n)
+                    return in;
+                if (in.at(j) == '>')
+                    break;
+                if (in.at(j) == '/') {
+                    if (j + 1 >= n || in.at(j + 1) != '>')
+                        return in;
+                    selfClosing = true;
+                    ++j;
+                    break;
+                }
+                const int start = j;
+                while (j < n && !isSpace(in.at(j)) && in.at(j) != '=' && in.at(j) != '>' && in.at(j) != '/')
+                    ++j;
+                while (j < n && isSpace(in.at(j)))
+                    ++j;
+                if (j >= n || in.at(j) != '=')
+                    return in;
+                ++j;
+                while (j < n && isSpace(in.at(j)))
+                    ++j;
+                if (j >= n || (in.at(j) != '"' && in.at(j) != '\''))
+                    return in;
+                const int close = in.indexOf(in.at(j), j + 1);
+                if (close < 0)
+                    return in;
+                j = close + 1;
+                attrs.append(qMakePair(start, j));
+            }
+            const int end = j + 1; // just past '>'
+            if (attrs.size() > kWide) {
+                out += in.mid(copied, i - copied);
+                out += '<' + name;
+                for (int k = 0; k < kWide; ++k)
+                    out += ' ' + in.mid(attrs[k].first, attrs[k].second - attrs[k].first);
+                out += '>';
+                for (int k = kWide; k < attrs.size(); k += kWide) {
+                    out += '<' + marker;
+                    for (int m = k; m < qMin(k + kWide, attrs.size()); ++m)
+                        out += ' ' + in.mid(attrs[m].first, attrs[m].second - attrs[m].first);
+                    out += "/>";
+                }
+                if (selfClosing)
+                    out += "</" + name + '>';
+                copied = end;
+            }
+            i = end;
+        }
+        if (i < 0)
+            break;
+    }
+    if (copied == 0)
+        return in;
+    out += in.mid(copied);
+    return out;
+}
+
+QByteArray uniqueMarker(const QByteArray &in)
+{
+    QByteArray m = "host.attrs";
+    for (int k = 0; in.contains(m); ++k)
+        m = "host.attrs" + QByteArray::number(k);
+    return m;
+}
 
 double parseLength(const QString &text)
 {
@@ -18,8 +157,9 @@ double parseLength(const QString &text)
 }
 } // namespace
 
-SvgHandler::SvgHandler(const QByteArray &contents) : m_xml(contents)
+SvgHandler::SvgHandler(const QByteArray &contents) : m_marker(uniqueMarker(contents))
 {
+    m_xml.addData(splitWideTags(contents, m_marker));
     if (!parse())
         m_doc.reset();
 }
@@ -105,6 +245,11 @@ bool SvgHandler::readChildren(QSvgNode *parent, int depth)
             m_error = QStringLiteral("document nests or grows too deep");
             return false;
         }
+        if (m_xml.qualifiedName() == QLatin1String(m_marker)) {
+            if (!continueAttributes(parent))
+                return false;
+            continue;
+        }
         std::unique_ptr<QSvgNode> node = createNode(m_xml.qualifiedName());
         copyNamespaces(node.get());
         copyAttributes(m_xml.attributes(), node.get());
@@ -122,7 +267,9 @@ bool SvgHandler::readChildren(QSvgNode *parent, int depth)
     return true;
 }
 
-std::unique_ptr<QSvgNode> SvgHandler::createNode(const QStringRef &name)
+std::unique_ptr<QSvgNode> SvgHandler::createNode(const QStringRef &name) { return QSvgNode::create(name.toString()); }
+
+std::unique_ptr<QSvgNode> QSvgNode::create(const QString &name)
 {
     using Factory = std::unique_ptr<QSvgNode> (*)();
     static const QHash<QString, Factory> factories = {
@@ -139,10 +286,10 @@ std::unique_ptr<QSvgNode> SvgHandler::createNode(const QStringRef &name)
         {QStringLiteral("linearGradient"), [] { return std::unique_ptr<QSvgNode>(new QSvgStructureNode(QSvgNode::LinearGradient, QStringLiteral("linearGradient"))); }},
         {QStringLiteral("stop"), [] { return std::unique_ptr<QSvgNode>(new QSvgStructureNode(QSvgNode::Stop, QStringLiteral("stop"))); }},
     };
-    const Factory f = factories.value(name.toString(), nullptr);
+    const Factory f = factories.value(name, nullptr);
     if (f)
         return f();
-    return std::unique_ptr<QSvgNode>(new QSvgStructureNode(QSvgNode::Other, name.toString()));
+    return std::unique_ptr<QSvgNode>(new QSvgStructureNode(QSvgNode::Other, name));
 }
 
 void SvgHandler::copyNamespaces(QSvgNode *node)
@@ -152,6 +299,35 @@ void SvgHandler::copyNamespaces(QSvgNode *node)
                                                    : QStringLiteral("xmlns:") + ns.prefix().toString();
         node->setAttribute(name, ns.namespaceUri().toString());
     }
+}
+
+bool SvgHandler::continueAttributes(QSvgNode *node)
+{
+    // Names are unique within one element; the reader only checked them chunk by chunk.
+    QSet<QString> seen;
+    for (const QSvgNode::Attr &a : node->attributes())
+        seen.insert(a.name);
+    for (const QXmlStreamAttribute &a : m_xml.attributes()) {
+        const QString name = a.qualifiedName().toString();
+        if (seen.contains(name)) {
+            m_error = QStringLiteral("attribute '%1' redefined").arg(name);
+            return false;
+        }
+        seen.insert(name);
+    }
+    copyAttributes(m_xml.attributes(), node);
+    // The continuation element is empty: read up to its end.
+    while (!m_xml.atEnd()) {
+        const auto tok = m_xml.readNext();
+        if (tok == QXmlStreamReader::EndElement)
+            return true;
+        if (tok == QXmlStreamReader::StartElement || (tok == QXmlStreamReader::Characters && !m_xml.isWhitespace())) {
+            m_error = QStringLiteral("malformed element");
+            return false;
+        }
+    }
+    m_error = m_xml.hasError() ? m_xml.errorString() : QStringLiteral("unexpected end");
+    return false;
 }
 
 void SvgHandler::copyAttributes(const QXmlStreamAttributes &attrs, QSvgNode *node)
@@ -165,7 +341,7 @@ void SvgHandler::copyAttributes(const QXmlStreamAttributes &attrs, QSvgNode *nod
             baseTransform = a.value().toString();
             continue;
         }
-        node->setAttribute(name, a.value().toString());
+        node->addParsedAttribute(name, a.value().toString());
     }
     // Our writer bakes rotate_angle into transform and keeps the node's own one aside.
     if (hasBase) {

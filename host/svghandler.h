@@ -17,7 +17,10 @@ private:
     static std::unique_ptr<QSvgNode> createNode(const QStringRef &name);
     void copyNamespaces(QSvgNode *node);
     static void copyAttributes(const QXmlStreamAttributes &attrs, QSvgNode *node);
+    // Takes the attributes of a continuation element (see splitWideTags) into node.
+    bool continueAttributes(QSvgNode *node);
 
+    QByteArray m_marker;  // name of the continuation elements, unique in this input
     QXmlStreamReader m_xml;
     std::unique_ptr<QSvgTinyDocument> m_doc;
     QString m_error;

@@ -2,9 +2,11 @@
 #include "svgpathdata.h"
 #include "svgtinydocument.h"
 #include <QFontMetricsF>
+#include <QSet>
 #include <QtMath>
 #include <charconv>
 #include <cmath>
+#include <cstring>
 
 namespace {
 
@@ -23,7 +25,7 @@ QVector<QSvgNode::Attr> parseStyle(const QString &s)
         const int colon = decl.indexOf(QLatin1Char(':'));
         if (colon <= 0)
             continue;
-        out.append({decl.left(colon).trimmed(), decl.mid(colon + 1).trimmed()});
+        out.append({QSvgNode::internName(decl.left(colon).trimmed()), decl.mid(colon + 1).trimmed()});
     }
     return out;
 }
@@ -96,6 +98,8 @@ QColor parsePaintColor(const QString &v)
 inline bool sameName(const QString &a, const QString &b)
 {
     const int n = a.size();
+    if (a.constData() == b.constData())
+        return n == b.size();
     if (n != b.size())
         return false;
     const QChar *x = a.constData(), *y = b.constData();
@@ -107,87 +111,8 @@ inline bool sameName(const QString &a, const QString &b)
 
 // ---------------------------------------------------------------- numbers
 
-namespace {
-
-// The text QString::number(v, 'g', 15) gives, for finite non-zero v, from the
-// shortest round-trip digits: several times faster, and numbers are written on
-// every step of a drag. Rounding those digits to 15 is exact unless a 16-digit tie
-// could lie between them and the value; that case, and subnormals, go to Qt.
-QString formatGeneral15(double v)
-{
-    if (std::fabs(v) < 1e-290)
-        return QString::number(v, 'g', 15);
-    char s[32];
-    const auto r = std::to_chars(s, s + sizeof s, v, std::chars_format::scientific);
-    const char *p = s;
-    const bool neg = *p == '-';
-    if (neg)
-        ++p;
-    char digits[20];
-    int n = 0;
-    for (; p < r.ptr && *p != 'e'; ++p)
-        if (*p != '.')
-            digits[n++] = *p;
-    int exp = 0;
-    std::from_chars(p + 1 + (p[1] == '+'), r.ptr, exp);
-    if (n > 15) {
-        if (n == 16 && digits[15] == '5')
-            return QString::number(v, 'g', 15);
-        bool up = digits[15] >= '5';
-        n = 15;
-        for (int i = 14; up && i >= 0; --i) {
-            if (digits[i] == '9') {
-                digits[i] = '0';
-            } else {
-                ++digits[i];
-                up = false;
-            }
-        }
-        if (up) { // 99..9 carried into a new leading digit
-            digits[0] = '1';
-            ++exp;
-        }
-    }
-    while (n > 1 && digits[n - 1] == '0')
-        --n;
-    char out[40];
-    int k = 0;
-    if (neg)
-        out[k++] = '-';
-    if (exp < -4 || exp >= 15) {
-        out[k++] = digits[0];
-        if (n > 1) {
-            out[k++] = '.';
-            for (int i = 1; i < n; ++i)
-                out[k++] = digits[i];
-        }
-        out[k++] = 'e';
-        out[k++] = exp < 0 ? '-' : '+';
-        const int a = exp < 0 ? -exp : exp;
-        if (a < 10)
-            out[k++] = '0';
-        k += int(std::to_chars(out + k, out + sizeof out, a).ptr - (out + k));
-    } else if (exp < 0) {
-        out[k++] = '0';
-        out[k++] = '.';
-        for (int i = -1; i > exp; --i)
-            out[k++] = '0';
-        for (int i = 0; i < n; ++i)
-            out[k++] = digits[i];
-    } else {
-        for (int i = 0; i <= exp; ++i)
-            out[k++] = i < n ? digits[i] : '0';
-        if (n > exp + 1) {
-            out[k++] = '.';
-            for (int i = exp + 1; i < n; ++i)
-                out[k++] = digits[i];
-        }
-    }
-    return QString::fromLatin1(out, k);
-}
-
-} // namespace
-
+// Shortest round-trip digits: a number written and read back is the same double, so a
+// drawing saved, reloaded or undone comes back bit for bit.
 QString SvgNumbers::format(double v)
 {
     if (v == 0)
@@ -196,7 +121,9 @@ QString SvgNumbers::format(double v)
         return QStringLiteral("NaN");
     if (std::isinf(v))
         return v > 0 ? QStringLiteral("Infinity") : QStringLiteral("-Infinity");
-    return formatGeneral15(v);
+    char s[32];
+    const auto r = std::to_chars(s, s + sizeof s, v);
+    return QString::fromLatin1(s, int(r.ptr - s));
 }
 
 namespace {
@@ -281,6 +208,75 @@ QSvgNode::QSvgNode(Type type, const QString &tag) : m_type(type), m_tag(tag) {}
 
 QSvgNode::~QSvgNode() = default;
 
+QString QSvgNode::internName(const QString &name)
+{
+    // Templates use a few dozen names; a bound keeps hostile documents from growing it.
+    static QSet<QString> pool;
+    const auto it = pool.constFind(name);
+    if (it != pool.cend())
+        return *it;
+    if (pool.size() < 4096)
+        pool.insert(name);
+    return name;
+}
+
+QString QSvgNode::Attr::text() const
+{
+    return value.isNull() && numberState == 1 ? SvgNumbers::format(number) : value;
+}
+
+void QSvgNode::changed() const
+{
+    if (QSvgTinyDocument *doc = document())
+        doc->bumpRevision();
+}
+
+void QSvgNode::setVisible(bool visible)
+{
+    if (m_visible != visible) {
+        m_visible = visible;
+        changed();
+    }
+}
+
+void QSvgNode::setStrokeEnabled(bool on)
+{
+    if (m_strokeEnabled != on) {
+        m_strokeEnabled = on;
+        changed();
+    }
+}
+
+void QSvgNode::setFillEnabled(bool on)
+{
+    if (m_fillEnabled != on) {
+        m_fillEnabled = on;
+        changed();
+    }
+}
+
+void QSvgNode::set3DBack(bool on)
+{
+    if (m_3dBack != on) {
+        m_3dBack = on;
+        changed();
+    }
+}
+
+void QSvgNode::setHostSavedPaint(bool stroke, const QString &paint)
+{
+    (stroke ? m_savedStroke : m_savedFill) = paint;
+    changed();
+}
+
+void QSvgNode::setText(const QString &t)
+{
+    if (m_text != t || m_text.isNull() != t.isNull()) {
+        m_text = t;
+        changed();
+    }
+}
+
 QSvgTinyDocument *QSvgNode::document() const
 {
     const QSvgNode *n = this;
@@ -324,6 +320,68 @@ std::unique_ptr<QSvgNode> QSvgNode::clone() const
     return c;
 }
 
+QSvgNodeState QSvgNode::state() const
+{
+    QSvgNodeState s;
+    s.attrs = m_attrs;
+    s.text = m_text;
+    s.savedFill = m_savedFill;
+    s.savedStroke = m_savedStroke;
+    s.flags = quint8((m_visible ? QSvgNodeState::Visible : 0) | (m_strokeEnabled ? QSvgNodeState::StrokeEnabled : 0) |
+                     (m_fillEnabled ? QSvgNodeState::FillEnabled : 0) | (m_3dBack ? QSvgNodeState::Back3D : 0));
+    return s;
+}
+
+void QSvgNode::setState(const QSvgNodeState &s)
+{
+    const QString oldId = nodeId();
+    const QVector<Attr> old = m_attrs;
+    m_attrs = s.attrs;
+    m_style.clear();
+    for (const Attr &a : m_attrs)
+        if (sameName(a.name, kStyle))
+            m_style = parseStyle(a.text());
+    m_text = s.text;
+    m_savedFill = s.savedFill;
+    m_savedStroke = s.savedStroke;
+    m_visible = s.flags & QSvgNodeState::Visible;
+    m_strokeEnabled = s.flags & QSvgNodeState::StrokeEnabled;
+    m_fillEnabled = s.flags & QSvgNodeState::FillEnabled;
+    m_3dBack = s.flags & QSvgNodeState::Back3D;
+    const QString newId = nodeId();
+    if (oldId != newId)
+        if (QSvgTinyDocument *doc = document())
+            doc->reindex(this, oldId, newId);
+    // Whatever a kind caches from its attributes goes.
+    for (const Attr &a : old)
+        attributeChanged(a.name);
+    for (const Attr &a : m_attrs)
+        attributeChanged(a.name);
+    changed();
+}
+
+bool QSvgNodeState::operator==(const QSvgNodeState &o) const
+{
+    if (flags != o.flags || text != o.text || text.isNull() != o.text.isNull() || savedFill != o.savedFill ||
+        savedFill.isNull() != o.savedFill.isNull() || savedStroke != o.savedStroke ||
+        savedStroke.isNull() != o.savedStroke.isNull() || attrs.size() != o.attrs.size())
+        return false;
+    for (int i = 0; i < attrs.size(); ++i) {
+        const QSvgNode::Attr &a = attrs[i], &b = o.attrs[i];
+        if (a.name != b.name)
+            return false;
+        // Numbers kept as numbers compare bit for bit; texts as written.
+        const bool an = a.value.isNull() && a.numberState == 1, bn = b.value.isNull() && b.numberState == 1;
+        if (an && bn) {
+            if (std::memcmp(&a.number, &b.number, sizeof(double)) != 0)
+                return false;
+        } else if (a.text() != b.text()) {
+            return false;
+        }
+    }
+    return true;
+}
+
 bool QSvgNode::hasAttribute(const QString &name) const
 {
     if (m_type == Text && name == QLatin1String("value"))
@@ -340,16 +398,18 @@ QString QSvgNode::attribute(const QString &name) const
         return m_text;
     for (const Attr &a : m_attrs)
         if (sameName(a.name, name))
-            return a.value;
+            return a.text();
     return QString();
 }
 
 void QSvgNode::setAttribute(const QString &name, const QString &value)
 {
     if (m_type == Text && name == QLatin1String("value")) {
-        m_text = value;
+        setText(value);
         return;
     }
+    // A null text would read as "set as a number"; an empty one is what is meant.
+    const QString text = value.isNull() ? QStringLiteral("") : value;
     QString oldId;
     const bool isId = sameName(name, kId);
     if (isId)
@@ -357,20 +417,32 @@ void QSvgNode::setAttribute(const QString &name, const QString &value)
     bool found = false;
     for (Attr &a : m_attrs) {
         if (sameName(a.name, name)) {
-            a.value = value;
+            a.value = text;
             a.numberState = 0;
             found = true;
             break;
         }
     }
     if (!found)
-        m_attrs.append({name, value});
+        m_attrs.append({internName(name), text});
+    changed();
     if (sameName(name, kStyle))
         m_style = parseStyle(value);
     if (isId && oldId != value) {
         if (QSvgTinyDocument *doc = document())
             doc->reindex(this, oldId, value);
     }
+    attributeChanged(name);
+}
+
+void QSvgNode::addParsedAttribute(const QString &name, const QString &value)
+{
+    m_attrs.append({internName(name), value.isNull() ? QStringLiteral("") : value});
+    if (sameName(name, kStyle))
+        m_style = parseStyle(value);
+    else if (sameName(name, kId))
+        if (QSvgTinyDocument *doc = document())
+            doc->reindex(this, QString(), value);
     attributeChanged(name);
 }
 
@@ -388,6 +460,7 @@ void QSvgNode::removeAttribute(const QString &name)
     if (!oldId.isEmpty())
         if (QSvgTinyDocument *doc = document())
             doc->reindex(this, oldId, QString());
+    changed();
     attributeChanged(name);
 }
 
@@ -419,7 +492,32 @@ double QSvgNode::numAttribute(const QString &name, double fallback) const
 
 void QSvgNode::setNumAttribute(const QString &name, double value)
 {
-    setAttribute(name, SvgNumbers::format(value));
+    // Kept as the number itself: its text is made only when it is written.
+    for (Attr &a : m_attrs) {
+        if (sameName(a.name, name)) {
+            if (a.numberState == 1 && a.value.isNull() && (a.number == value || (std::isnan(a.number) && std::isnan(value))) &&
+                std::signbit(a.number) == std::signbit(value))
+                return;
+            if (sameName(name, kId) || sameName(name, kStyle))
+                break; // these keep their side effects: go the long way
+            a.value = QString();
+            a.number = value;
+            a.numberState = 1;
+            changed();
+            attributeChanged(name);
+            return;
+        }
+    }
+    if (sameName(name, kId) || sameName(name, kStyle) || (m_type == Text && name == QLatin1String("value"))) {
+        setAttribute(name, SvgNumbers::format(value));
+        return;
+    }
+    Attr a{internName(name), QString()};
+    a.number = value;
+    a.numberState = 1;
+    m_attrs.append(a);
+    changed();
+    attributeChanged(name);
 }
 
 QString QSvgNode::styleProperty(const QString &name) const
@@ -474,8 +572,10 @@ void QSvgNode::translateNumAttr(const QString &name, double d)
 
 void QSvgNode::attributeChanged(const QString &name)
 {
-    if (sameName(name, kTransform) || sameName(name, kRotateAngle) || sameName(name, kRotateX) || sameName(name, kRotateY))
+    if (sameName(name, kTransform) || sameName(name, kRotateAngle) || sameName(name, kRotateX) || sameName(name, kRotateY)) {
         m_transformValid = false;
+        m_transform.reset();
+    }
 }
 
 bool QSvgNode::hasRotation() const
@@ -489,7 +589,7 @@ bool QSvgNode::hasRotation() const
 QTransform QSvgNode::localTransform() const
 {
     if (!m_transformValid) {
-        m_transform = parseTransform(attribute(kTransform));
+        QTransform t = parseTransform(attribute(kTransform));
         if (hasRotation()) {
             const double a = numAttribute(kRotateAngle);
             if (std::isfinite(a) && a != 0) {
@@ -498,12 +598,16 @@ QTransform QSvgNode::localTransform() const
                 r.translate(cx, cy);
                 r.rotate(a);
                 r.translate(-cx, -cy);
-                m_transform = r * m_transform;
+                t = r * t;
             }
         }
+        if (t.isIdentity())
+            m_transform.reset();
+        else
+            m_transform = std::make_unique<QTransform>(t);
         m_transformValid = true;
     }
-    return m_transform;
+    return m_transform ? *m_transform : QTransform();
 }
 
 QTransform QSvgNode::documentTransform() const
@@ -555,8 +659,10 @@ void QSvgNode::insertChild(int index, std::unique_ptr<QSvgNode> child)
     QSvgNode *raw = child.get();
     index = qBound(0, index, int(m_children.size()));
     m_children.insert(m_children.begin() + index, std::move(child));
-    if (QSvgTinyDocument *doc = document())
+    if (QSvgTinyDocument *doc = document()) {
         doc->indexSubtree(raw);
+        doc->bumpRevision();
+    }
 }
 
 std::unique_ptr<QSvgNode> QSvgNode::takeChild(QSvgNode *child)
@@ -564,8 +670,10 @@ std::unique_ptr<QSvgNode> QSvgNode::takeChild(QSvgNode *child)
     const int i = indexOf(child);
     if (i < 0)
         return nullptr;
-    if (QSvgTinyDocument *doc = document())
+    if (QSvgTinyDocument *doc = document()) {
         doc->unindexSubtree(child);
+        doc->bumpRevision();
+    }
     std::unique_ptr<QSvgNode> out = std::move(m_children[size_t(i)]);
     m_children.erase(m_children.begin() + i);
     out->m_parent = nullptr;

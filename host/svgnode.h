@@ -15,6 +15,23 @@
 
 class QSvgTinyDocument;
 
+namespace SvgNumbers {
+// The shortest text that reads back as exactly the same double.
+HOST_EXPORT QString format(double v);
+HOST_EXPORT QVector<double> parseList(const QChar *&p, const QChar *end = nullptr);
+HOST_EXPORT QString join(const QVector<double> &v);
+}
+
+namespace SvgXml {
+// The text with every character XML cannot carry (an unpaired surrogate, a control
+// character) replaced by U+FFFD, so that what is written always reads back.
+HOST_EXPORT QString clean(const QString &text);
+// True for a name XML accepts as an element or attribute name.
+HOST_EXPORT bool isName(const QString &name);
+}
+
+struct QSvgNodeState;
+
 class HOST_EXPORT QSvgNode
 {
 public:
@@ -22,16 +39,21 @@ public:
                 Defs, LinearGradient, Stop, Other };
 
     struct Attr {
-        QString name;
+        QString name;   // one shared string per name (names are interned)
+        // The text as written; null when the attribute was set as a number, whose text is
+        // then its shortest exact form. A number set by a drag costs no string at all.
         QString value;
         // The value read as a number, kept until the value changes: drags read the
         // same attributes many times between writes.
         mutable double number = 0;
         mutable signed char numberState = 0; // 0 not read yet, 1 a number, 2 none
+        QString text() const;
     };
 
     QSvgNode(Type type, const QString &tag);
     virtual ~QSvgNode();
+    // A shared copy of a name: templates and clones then hold each name once.
+    static QString internName(const QString &name);
     QSvgNode(const QSvgNode &) = delete;
     QSvgNode &operator=(const QSvgNode &) = delete;
 
@@ -42,12 +64,21 @@ public:
     // Deep copy that is not in any document; CSVGBase::addNode places it next to
     // the node it was cloned from.
     std::unique_ptr<QSvgNode> clone() const;
+    // A new empty node of the kind an element of that name makes.
+    static std::unique_ptr<QSvgNode> create(const QString &tag);
+
+    // Everything of the node itself (not its children) that drawing, writing and the
+    // host colours use; setState puts exactly that back.
+    QSvgNodeState state() const;
+    void setState(const QSvgNodeState &state);
 
     // --- attributes -------------------------------------------------------
     bool hasAttribute(const QString &name) const;
     QString attribute(const QString &name) const;
     void setAttribute(const QString &name, const QString &value);
     void removeAttribute(const QString &name);
+    // For the parser: the names of one element are unique, so no look-up is needed.
+    void addParsedAttribute(const QString &name, const QString &value);
     double numAttribute(const QString &name, double fallback = 0.0) const;
     // One look-up for "is it there, and what number is it": false when absent.
     bool findNumAttribute(const QString &name, double *value) const;
@@ -60,17 +91,17 @@ public:
 
     // --- state flags ------------------------------------------------------
     bool isVisible() const { return m_visible; }
-    void setVisible(bool visible) { m_visible = visible; }
+    void setVisible(bool visible);
     bool strokeEnabled() const { return m_strokeEnabled; }
-    void setStrokeEnabled(bool on) { m_strokeEnabled = on; }
+    void setStrokeEnabled(bool on);
     bool fillEnabled() const { return m_fillEnabled; }
-    void setFillEnabled(bool on) { m_fillEnabled = on; }
+    void setFillEnabled(bool on);
     bool is3DBack() const { return m_3dBack; }
     // The paint a host colour replaced, kept so that clearing the colour restores it:
     // null when the node is not recoloured, empty when it had no paint of its own.
     const QString &hostSavedPaint(bool stroke) const { return stroke ? m_savedStroke : m_savedFill; }
-    void setHostSavedPaint(bool stroke, const QString &paint) { (stroke ? m_savedStroke : m_savedFill) = paint; }
-    void set3DBack(bool on) { m_3dBack = on; }
+    void setHostSavedPaint(bool stroke, const QString &paint);
+    void set3DBack(bool on);
 
     // --- paint ------------------------------------------------------------
     void setFillColor(const QColor &c);
@@ -106,10 +137,12 @@ public:
 
     // Text content for text nodes and unknown elements kept verbatim.
     const QString &text() const { return m_text; }
-    void setText(const QString &t) { m_text = t; }
+    void setText(const QString &t);
 
 protected:
     virtual void attributeChanged(const QString &name);
+    // Counts a change of the drawing on the document that holds this node.
+    void changed() const;
     void translateNumAttr(const char *name, double d);
     void translateNumAttr(const QString &name, double d);
 
@@ -129,7 +162,19 @@ private:
     QSvgNode *m_cloneSource = nullptr;
     std::vector<std::unique_ptr<QSvgNode>> m_children;
     mutable bool m_transformValid = false;
-    mutable QTransform m_transform;
+    // Kept only when the node has a transform at all: most nodes have none.
+    mutable std::unique_ptr<QTransform> m_transform;
+};
+
+struct HOST_EXPORT QSvgNodeState {
+    enum Flag : quint8 { Visible = 1, StrokeEnabled = 2, FillEnabled = 4, Back3D = 8 };
+    QVector<QSvgNode::Attr> attrs;
+    QString text;
+    QString savedFill, savedStroke;
+    quint8 flags = Visible | StrokeEnabled | FillEnabled;
+    // Same names in the same order with the same texts, and the same rest.
+    bool operator==(const QSvgNodeState &o) const;
+    bool operator!=(const QSvgNodeState &o) const { return !(*this == o); }
 };
 
 class HOST_EXPORT QSvgRect : public QSvgNode
@@ -214,9 +259,3 @@ public:
     void translate(double dx, double dy) override;
 };
 
-namespace SvgNumbers {
-// Shortest text that reads back as the same double (to 15 significant digits).
-HOST_EXPORT QString format(double v);
-HOST_EXPORT QVector<double> parseList(const QChar *&p, const QChar *end = nullptr);
-HOST_EXPORT QString join(const QVector<double> &v);
-}

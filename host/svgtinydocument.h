@@ -7,6 +7,20 @@
 
 class QPainter;
 
+// The whole drawing at one moment, node by node in document order (the root first),
+// with the shape of the tree: enough to put the drawing back exactly.
+struct HOST_EXPORT SvgDocumentState {
+    QVector<QString> tags;
+    QVector<int> depths;   // 0 for the root
+    QVector<QSvgNodeState> nodes;
+    QRectF viewBox;
+    QSizeF size;           // as set; empty when the view box gives it
+    QRectF cachedBounds;
+    bool sameShape(const SvgDocumentState &o) const { return tags == o.tags && depths == o.depths; }
+    // Roughly the bytes it holds of its own (attribute storage it shares counts too).
+    qint64 cost() const;
+};
+
 // The parsed drawing of one apparatus: the root node, one id index and the view box.
 class HOST_EXPORT QSvgTinyDocument : public QSvgNode
 {
@@ -16,6 +30,20 @@ public:
 
     // Parses UTF-8 SVG text; returns null for text that is not an SVG document.
     static QSvgTinyDocument *load(const QByteArray &contents);
+    // An apparatus template: parsed once per text and copied, so that every object of a
+    // type shares the template's strings until it changes them.
+    static QSvgTinyDocument *fromTemplate(const QString &svg);
+    // A deep copy that shares attribute storage with this one until either changes.
+    std::unique_ptr<QSvgTinyDocument> cloneDocument() const;
+
+    SvgDocumentState capture() const;
+    // Puts a captured drawing back. Where the tree still has the captured shape, every
+    // node keeps its address; otherwise the tree is built anew from the state.
+    void restore(const SvgDocumentState &state);
+
+    // Counts every change of the drawing: equal revisions mean an unchanged drawing.
+    quint64 revision() const { return m_revision; }
+    void bumpRevision() { ++m_revision; }
     // Why the last load failed (empty after a success).
     static QString lastError();
 
@@ -23,13 +51,29 @@ public:
     int indexedCount() const { return m_index.size(); }
 
     QRectF viewBox() const { return m_viewBox; }
-    void setViewBox(const QRectF &r) { m_viewBox = r; }
+    void setViewBox(const QRectF &r)
+    {
+        if (r != m_viewBox) {
+            m_viewBox = r;
+            ++m_revision;
+        }
+    }
     // Document size in px; the view box when none was given.
     QSizeF size() const;
-    void setSize(const QSizeF &s) { m_size = s; }
+    void setSize(const QSizeF &s)
+    {
+        if (s != m_size) {
+            m_size = s;
+            ++m_revision;
+        }
+    }
+    // The size as set, which size() falls back from when it is empty.
+    QSizeF givenSize() const { return m_size; }
     // Bounds of the whole drawing, computed on first request and kept.
     QRectF cachedBounds();
     void resetCachedBounds() { m_cachedBounds = QRectF(); }
+    QRectF cachedBoundsAsIs() const { return m_cachedBounds; }
+    void setCachedBounds(const QRectF &r) { m_cachedBounds = r; }
 
     // Lines kept before the root element (declaration, comments, doctype).
     QStringList &prolog() { return m_prolog; }
@@ -62,4 +106,5 @@ private:
     QSizeF m_size;
     QRectF m_cachedBounds;
     QStringList m_prolog;
+    quint64 m_revision = 0;
 };

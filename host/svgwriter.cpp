@@ -5,6 +5,12 @@
 
 namespace {
 
+bool xmlChar(uint c)
+{
+    return c == 0x9 || c == 0xA || c == 0xD || (c >= 0x20 && c <= 0xD7FF) || (c >= 0xE000 && c <= 0xFFFD) ||
+           (c >= 0x10000 && c <= 0x10FFFF);
+}
+
 bool isHandle(const QSvgNode *n)
 {
     return n->nodeId().startsWith(QLatin1String("control_"));
@@ -21,7 +27,7 @@ void writeNode(QXmlStreamWriter &w, const QSvgNode *n, const QSvgTinyDocument::W
     for (const QSvgNode::Attr &a : n->attributes()) {
         if (bake && a.name == QLatin1String("transform"))
             continue;
-        w.writeAttribute(a.name, a.value);
+        w.writeAttribute(a.name, SvgXml::clean(a.text()));
     }
     if (bake) {
         // Ordinary renderers ignore rotate_angle: express it as a rotation about the pivot,
@@ -43,13 +49,59 @@ void writeNode(QXmlStreamWriter &w, const QSvgNode *n, const QSvgTinyDocument::W
     if (!n->isVisible())
         w.writeAttribute(QStringLiteral("display"), QStringLiteral("none"));
     if (!n->text().isEmpty())
-        w.writeCharacters(n->text());
+        w.writeCharacters(SvgXml::clean(n->text()));
     for (const auto &c : n->children())
         writeNode(w, c.get(), o);
     w.writeEndElement();
 }
 
 } // namespace
+
+QString SvgXml::clean(const QString &text)
+{
+    const int n = text.size();
+    const QChar *p = text.constData();
+    int i = 0;
+    // Most texts are clean: find the first character that is not before copying.
+    for (; i < n; ++i) {
+        const ushort u = p[i].unicode();
+        if (QChar::isHighSurrogate(u) && i + 1 < n && QChar::isLowSurrogate(p[i + 1].unicode())) {
+            ++i;
+            continue;
+        }
+        if (!xmlChar(u) || QChar::isSurrogate(u))
+            break;
+    }
+    if (i == n)
+        return text;
+    QString out = text.left(i);
+    out.reserve(n);
+    for (; i < n; ++i) {
+        const ushort u = p[i].unicode();
+        if (QChar::isHighSurrogate(u) && i + 1 < n && QChar::isLowSurrogate(p[i + 1].unicode())) {
+            out += p[i];
+            out += p[++i];
+        } else if (!xmlChar(u) || QChar::isSurrogate(u)) {
+            out += QChar(QChar::ReplacementCharacter);
+        } else {
+            out += p[i];
+        }
+    }
+    return out;
+}
+
+bool SvgXml::isName(const QString &name)
+{
+    if (name.isEmpty() || name.size() > 256)
+        return false;
+    for (int i = 0; i < name.size(); ++i) {
+        const QChar c = name.at(i);
+        const bool start = c.isLetter() || c == QLatin1Char('_') || c == QLatin1Char(':');
+        if (i == 0 ? !start : !(start || c.isDigit() || c == QLatin1Char('-') || c == QLatin1Char('.')))
+            return false;
+    }
+    return true;
+}
 
 QByteArray QSvgTinyDocument::toSvg(const WriteOptions &o) const
 {
@@ -77,7 +129,7 @@ QByteArray QSvgTinyDocument::toSvg(const WriteOptions &o) const
             continue;
         if (a.name == QLatin1String("xmlns"))
             hasNs = true;
-        w.writeAttribute(a.name, a.value);
+        w.writeAttribute(a.name, SvgXml::clean(a.text()));
     }
     if (!hasNs)
         w.writeAttribute(QStringLiteral("xmlns"), QStringLiteral("http://www.w3.org/2000/svg"));

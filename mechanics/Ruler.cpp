@@ -1,5 +1,6 @@
 #include "Ruler.h"
 #include "bases/AttrValue.h"
+#include "bases/HandlePos.h"
 #include <QJsonArray>
 #include <cmath>
 #include <limits>
@@ -194,36 +195,16 @@ void CRuler::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
                          m_controlNodes.first()->numAttribute(QStringLiteral("width")));
 }
 
-int CRuler::percent()
-{
-    if (m_controlNodes.isEmpty())
-        return 0;
-    QSvgNode *h = m_controlNodes.first();
-    const double lo = getXMin(h), hi = getXMax(h);
-    return int((getControlPos() - lo) * 100 / (hi - lo));
-}
+int CRuler::percent() { return HandlePos::percent(*this, 0, HandlePos::X, getControlPos()); }
 
 void CRuler::posChangedByControl()
 {
     postSetting(QStringLiteral("idPosValue"), QString::number(percent()));
 }
 
-double CRuler::getControlPos()
-{
-    return m_controlNodes.isEmpty() ? 0 : m_controlNodes.first()->numAttribute(QStringLiteral("x"));
-}
+double CRuler::getControlPos() { return HandlePos::get(*this, 0, HandlePos::X); }
 
-void CRuler::setControlPos(double x)
-{
-    if (m_controlNodes.isEmpty())
-        return;
-    QSvgNode *h = m_controlNodes.first();
-    const double old = h->numAttribute(QStringLiteral("x"));
-    h->setNumAttribute(QStringLiteral("x"), x);
-    m_bPosByCode = true;
-    updateSVG(h, QPointF(x - old, 0), true);
-    m_bPosByCode = false;
-}
+void CRuler::setControlPos(double x) { HandlePos::set(*this, 0, HandlePos::X, x, m_bPosByCode); }
 
 void CRuler::GetSettingArray(QJsonArray &array)
 {
@@ -231,9 +212,7 @@ void CRuler::GetSettingArray(QJsonArray &array)
         return;
     array.append(m_pOwner->GetSettingJsonColorPicker(QStringLiteral("idScaleColor"), QStringLiteral("IDS_PHYSICSOBJ_SCALE_COLOR"),
                                                      m_attributes.value(kScaleColorAttr).color.name()));
-    array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idPosValue"), QStringLiteral("IDS_PHYSICSOBJ_LENGTH"),
-                                               QString::number(percent()), QStringLiteral("int"), QStringLiteral("0"),
-                                               QStringLiteral("100"), QString()));
+    HandlePos::appendInput(*this, array, QStringLiteral("IDS_PHYSICSOBJ_LENGTH"), percent());
 }
 
 bool CRuler::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
@@ -241,27 +220,23 @@ bool CRuler::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool 
     const auto color = values.constFind(QStringLiteral("idScaleColor"));
     if (color != values.cend())
         AttrValue::applyColour(*this, kScaleColorAttr, color.value(), bRecord, bUndo);
-    const auto pos = values.constFind(QStringLiteral("idPosValue"));
-    if (pos != values.cend() && !m_controlNodes.isEmpty()) {
-        // The panel offers 0 to 100; a value beyond would build ticks without end
-        // or eat the seed ticks the graduation grows from.
-        const int p = qBound(0, pos.value().toInt(), 100);
-        QSvgNode *h = m_controlNodes.first();
-        const double lo = getXMin(h), hi = getXMax(h);
-        setControlPos(lo + (hi - lo) * p / 100);
-    }
+    // Any integer, past the ends too, and text that is none reads 0: a ruler's length is
+    // typed as hosts have always typed it. The extent every drawing keeps within bounds it.
+    double x = 0;
+    if (HandlePos::target(*this, values, 0, HandlePos::X, false, x, HandlePos::IntOrZero))
+        setControlPos(x);
     return true;
 }
 
 bool CRuler::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 {
     const bool r = CBasic::SetAttribute(id, in, bRecord, bUndo);
-    if (id == ATTR_CAPTURE) {
+    if (isCapture(id)) {
         const auto it = m_attributes.constFind(kScaleColorAttr);
         if (it != m_attributes.cend())
             m_savedScaleColor = it->color;
         m_dSavedControlPos = getControlPos();
-    } else if (id == ATTR_RESTORE) {
+    } else if (isRestore(id)) {
         AttrValue::apply(*this, kScaleColorAttr, m_savedScaleColor, false, false);
         setControlPos(m_dSavedControlPos);
     }

@@ -1,4 +1,6 @@
 #include "Spring.h"
+#include "bases/AttrValue.h"
+#include "bases/HandlePos.h"
 #include <QDebug>
 #include <cmath>
 #include <svgobj.h>
@@ -258,23 +260,9 @@ bool CSpring::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
     return true;
 }
 
-double CSpring::getControlPos()
-{
-    QSvgNode *handle = m_controlNodes.value(0);
-    return handle ? handle->numAttribute(QStringLiteral("y")) : 0;
-}
+double CSpring::getControlPos() { return HandlePos::get(*this, 0, HandlePos::Y); }
 
-void CSpring::setControlPos(double y)
-{
-    QSvgNode *handle = m_controlNodes.value(0);
-    if (!handle)
-        return;
-    const double old = handle->numAttribute(QStringLiteral("y"));
-    handle->setNumAttribute(QStringLiteral("y"), y);
-    m_bMovingByCode = true;
-    updateSVG(handle, QPointF(0, y - old), true);
-    m_bMovingByCode = false;
-}
+void CSpring::setControlPos(double y) { HandlePos::set(*this, 0, HandlePos::Y, y, m_bMovingByCode); }
 
 int CSpring::positionPercent(bool nudged)
 {
@@ -315,24 +303,14 @@ void CSpring::GetSettingArray(QJsonArray &array)
 
 void CSpring::applySettings(QMap<QString, QString> &values, const QString &countKey, bool bRecord, bool bUndo)
 {
-    bool ok = false;
     const auto count = values.constFind(countKey);
-    if (count != values.cend()) {
-        const int index = count->toInt(&ok);
-        QByteArray bytes;
-        QDataStream(&bytes, QIODevice::WriteOnly) << index;
-        QDataStream in(bytes);
-        SetAttribute(5100, in, bRecord, bUndo);
-    }
-    const auto pos = values.constFind(QStringLiteral("idPosValue"));
-    if (pos != values.cend()) {
-        // Text that is no number reads as 0, like any panel number.
-        const int p = pos->toInt(&ok);
-        QSvgNode *handle = m_controlNodes.value(0);
-        const double lo = getYMin(handle), hi = getYMax(handle);
-        // Beyond the travel the turns would fold over themselves.
-        setControlPos(lo + (hi - lo) * qBound(0, p, 100) / 100);
-    }
+    bool ok = false;
+    const int index = count != values.cend() ? count->toInt(&ok) : 0;
+    if (ok)
+        AttrValue::apply(*this, 5100, index, bRecord, bUndo);
+    double y = 0;
+    if (HandlePos::target(*this, values, 0, HandlePos::Y, false, y))
+        setControlPos(y);
 }
 
 bool CSpring::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
@@ -343,14 +321,11 @@ bool CSpring::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool
 
 void CSpring::captureOrRestore(int id)
 {
-    if (id == ATTR_CAPTURE) {
+    if (isCapture(id)) {
         m_nCapturedHook = m_attributes.value(5100).intValue;
         m_dCapturedPos = getControlPos();
-    } else if (id == ATTR_RESTORE) {
-        QByteArray bytes;
-        QDataStream(&bytes, QIODevice::WriteOnly) << m_nCapturedHook;
-        QDataStream in(bytes);
-        SetAttribute(5100, in, false, false);
+    } else if (isRestore(id)) {
+        AttrValue::apply(*this, 5100, m_nCapturedHook, false, false);
         setControlPos(m_dCapturedPos);
     }
 }

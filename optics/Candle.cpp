@@ -26,7 +26,7 @@ bool CCandle::loadSVG(bool bLoad)
         " y_from=\"75\" y_to=\"300\"/>\n"
         "</svg>\n");
     delete m_pDocument;
-    m_pDocument = QSvgTinyDocument::load(svg.toUtf8());
+    m_pDocument = QSvgTinyDocument::fromTemplate(svg);
     return CSVGBase::loadSVG(bLoad);
 }
 
@@ -56,7 +56,7 @@ void CCandle::setControlPos(double y) { HandlePos::set(*this, 0, HandlePos::Y, y
 
 int CCandle::percent() { return HandlePos::percent(*this, 0, HandlePos::Y, getControlPos()); }
 
-void CCandle::posChangedByControl() { postPanelSetting(QStringLiteral("idPosValue"), QString::number(percent())); }
+void CCandle::posChangedByControl() { postSetting(QStringLiteral("idPosValue"), QString::number(percent())); }
 
 void CCandle::GetSettingArray(QJsonArray &array)
 {
@@ -75,9 +75,9 @@ bool CCandle::SetSettingArray(QMap<QString, QString> &values, bool, bool)
 bool CCandle::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 {
     const bool r = CSVGBase::SetAttribute(id, in, bRecord, bUndo);
-    if (id == ATTR_CAPTURE)
+    if (isCapture(id))
         m_dSavedControlPos = getControlPos();
-    else if (id == ATTR_RESTORE)
+    else if (isRestore(id))
         setControlPos(m_dSavedControlPos);
     return r;
 }

@@ -161,9 +161,9 @@ bool CLensConcave::SetSettingArray(QMap<QString, QString> &values, bool, bool)
 bool CLensConcave::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 {
     const bool r = CGenCircle::SetAttribute(id, in, bRecord, bUndo);
-    if (id == ATTR_CAPTURE)
+    if (isCapture(id))
         m_dSavedControlPos = getControlPos();
-    else if (id == ATTR_RESTORE)
+    else if (isRestore(id))
         setControlPos(m_dSavedControlPos);
     return r;
 }

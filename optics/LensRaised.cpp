@@ -84,9 +84,9 @@ bool CLensRaised::SetSettingArray(QMap<QString, QString> &values, bool, bool)
 bool CLensRaised::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 {
     const bool r = CLens::SetAttribute(id, in, bRecord, bUndo);
-    if (id == ATTR_CAPTURE)
+    if (isCapture(id))
         m_dSavedControlPos = getControlPos();
-    else if (id == ATTR_RESTORE)
+    else if (isRestore(id))
         setControlPos(m_dSavedControlPos);
     return r;
 }

@@ -165,9 +165,9 @@ bool CLensSemiConcave::SetAttribute(int id, QDataStream &in, bool bRecord, bool 
     const bool r = CGenCircle::SetAttribute(id, in, bRecord, bUndo);
     // The direction goes back before the position, whose bounds depend on it.
     keepAttribute(id, kDirectionAttr, m_nSavedDirection);
-    if (id == ATTR_CAPTURE)
+    if (isCapture(id))
         m_dSavedControlPos = getControlPos();
-    else if (id == ATTR_RESTORE)
+    else if (isRestore(id))
         setControlPos(m_dSavedControlPos);
     return r;
 }

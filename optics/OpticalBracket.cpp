@@ -140,9 +140,9 @@ bool COpticalBracket::SetAttribute(int id, QDataStream &in, bool bRecord, bool b
     const bool r = CAttribute::SetAttribute(id, in, bRecord, bUndo);
     // The orientation goes back before the height.
     keepAttribute(id, kOrientationAttr, m_nSavedOrientation);
-    if (id == ATTR_CAPTURE)
+    if (isCapture(id))
         m_dSavedControlPos = getControlPos();
-    else if (id == ATTR_RESTORE)
+    else if (isRestore(id))
         setControlPos(m_dSavedControlPos);
     return r;
 }

@@ -40,6 +40,7 @@
 #include "circuit/SwitchImage.h"
 #include "circuit/VoltmeterImage.h"
 
+#include <framework.h>
 #include <svgbase.h>
 #include <QtMath>
 #include <cmath>
@@ -119,6 +120,13 @@ CWBPhysicalObject::CWBPhysicalObject(int typeId, bool bDefaultSize, QGraphicsIte
     : CSVGObj(typeId, bDefaultSize, parent)
 {
     m_strObjName = QString::fromUtf8("wb physical object");
+    // The host makes fresh objects of a type through the plug-in's factory, as a real
+    // host resolves it: to check what a saved stream rebuilds.
+    static const bool registered = [] {
+        GetFramework()->setObjectFactory([](int type) -> CSVGObj * { return createObject_physical(0, type, false); });
+        return true;
+    }();
+    Q_UNUSED(registered);
     createSVG(typeId, true);
     if (bDefaultSize) {
         setSize2(getDefaultSize(), false);

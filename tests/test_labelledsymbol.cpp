@@ -152,6 +152,7 @@ TEST_P(LabelledSymbol, UndoOfALabelEditRestoresTextAndWidth)
 {
     ObjPtr o = makeObject(s().type);
     const QRectF before = viewBox(o);
+    const QString placed = svgText(o->content());
     setting(o, "idTextContent", kLong);
     QUndoStack *undo = GetFramework()->undoStack();
     ASSERT_EQ(undo->count(), 1);
@@ -162,10 +163,9 @@ TEST_P(LabelledSymbol, UndoOfALabelEditRestoresTextAndWidth)
 
     undo->undo();
     EXPECT_EQ(symbol(o)->labelText(), QString::fromLatin1(s().label));
-    EXPECT_EQ(viewBox(o).topLeft(), before.topLeft());
-    EXPECT_EQ(viewBox(o).height(), before.height());
-    // Any refit fits the template label too, where the template drawing did not.
-    EXPECT_DOUBLE_EQ(viewBox(o).right(), std::max(symbolRight(), s().labelX + measured(QString::fromLatin1(s().label))));
+    // Exactly the drawing before, even where the template did not fit its own label.
+    EXPECT_EQ(viewBox(o), before);
+    EXPECT_EQ(svgText(o->content()), placed);
     undo->redo();
     EXPECT_EQ(labelNode(o)->attribute("value"), kLong);
 
@@ -259,10 +259,16 @@ TEST_P(LabelledSymbol, JsonRoundTripAndItsBadForms)
         // The drawing keeps the size the host saved with it.
         EXPECT_EQ(viewBox(b), viewBox(o));
     }
+    // JSON that holds no saved symbol is refused, and the symbol stays as it was.
     ObjPtr empty = makeObject(s().type);
-    QJsonObject nothing;
-    empty->content()->loadJson(nothing);
-    EXPECT_FALSE(symbol(empty)->labelColor().isValid());
+    const QString fresh = svgText(empty->content());
+    for (QJsonObject garbage : {QJsonObject(), QJsonObject{{"ImageTextBasic_text", "x"}},
+                                QJsonObject{{"svgbase_type", s().type}, {"svgbase_stream", "!!"}}}) {
+        empty->content()->loadJson(garbage);
+        EXPECT_FALSE(empty->content()->lastLoadOk());
+        EXPECT_TRUE(symbol(empty)->labelColor().isValid());
+        EXPECT_EQ(svgText(empty->content()), fresh);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Circuit, LabelledSymbol, ::testing::ValuesIn(kSymbols),

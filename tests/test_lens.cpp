@@ -214,11 +214,14 @@ TEST_P(EveryLens, TypedPercentageIsTruncatedAndCaptureRestoresIt)
     drag(c, "control_2", 0, 20);
     c->SetAttribute(2805, empty, false, false);
     EXPECT_DOUBLE_EQ(rectOf(c, GetParam() < 603 ? "control_1" : "control_2").x(), pos);
-    // Out-of-range panel values are held to the panel's own range.
-    setting(c, "idPosValue", "100000");
-    EXPECT_EQ(shown(c, "idPosValue"), "100");
-    setting(c, "idPosValue", "junk");
-    EXPECT_EQ(shown(c, "idPosValue"), "0");
+    // A percentage past the ends is taken as typed; text that is no integer, or a place
+    // past the extent every drawing keeps within, changes nothing.
+    setting(c, "idPosValue", "150");
+    EXPECT_EQ(shown(c, "idPosValue"), "150");
+    for (const char *refused : {"junk", "12.5", "100000000"}) {
+        setting(c, "idPosValue", refused);
+        EXPECT_EQ(shown(c, "idPosValue"), "150") << refused;
+    }
 }
 
 TEST_P(EveryLens, WildDragsLeaveAFiniteOutline)

@@ -56,7 +56,11 @@ TEST(Physlab, ScriptEndToEnd)
     const QString saved = r.lines[3]["data"].toString();
     EXPECT_FALSE(saved.isEmpty());
     EXPECT_EQ(r.lines[5]["value"].toString(), QStringLiteral("162.939"));
-    EXPECT_EQ(r.lines[8]["records"].toArray().size(), 1);
+    // One record per edit: the host's of the whole stick for the drag, the colour's own.
+    const QJsonArray records = r.lines[8]["records"].toArray();
+    ASSERT_EQ(records.size(), 2);
+    EXPECT_EQ(records[0].toObject()["kind"].toString(), "record");
+    EXPECT_EQ(records[1].toObject()["prop"].toInt(), 5002);
     for (int i : {9, 10, 11})
         EXPECT_TRUE(r.lines[i].contains("error")) << i;
     EXPECT_TRUE(r.lines[12].contains("viewBox"));

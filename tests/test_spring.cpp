@@ -114,9 +114,10 @@ TEST_P(SpringFamily, CountChoiceShowsOrHidesTheEnds)
     GetFramework()->undoStack()->redo();
     ASSERT_TRUE(setting(o, countKey(), "1"));
     EXPECT_EQ(ends(), QVector<bool>(4, true));
-    setting(o, countKey(), "two"); // unreadable text reads as 0, like any panel number
-    EXPECT_EQ(GetFramework()->records().size(), 3);
-    EXPECT_EQ(ends(), QVector<bool>(4, false));
+    for (const char *refused : {"two", "5", "-1"}) // no choice of the box: nothing changes
+        setting(o, countKey(), refused);
+    EXPECT_EQ(GetFramework()->records().size(), 2);
+    EXPECT_EQ(ends(), QVector<bool>(4, true));
     spring(o)->UpdateHookCount(1);
     EXPECT_EQ(ends(), (QVector<bool>{true, true, false, false}));
     spring(o)->UpdateHookCount(-1); // ignored, like every count above two
@@ -128,7 +129,8 @@ TEST_P(SpringFamily, PanelPercentMovesTheHandleWithoutEcho)
     ObjPtr o = makeObject(GetParam());
     QSvgNode *h = node(o->content(), "control_1");
     const double lo = h->numAttribute("y_from"), hi = h->numAttribute("y_to");
-    const std::pair<const char *, int> cases[] = {{"100", 100}, {"0", 0}, {"50", 50}, {"250", 100}, {"half", 0}};
+    // Past the ends as typed; text that is no integer changes nothing.
+    const std::pair<const char *, int> cases[] = {{"100", 100}, {"0", 0}, {"50", 50}, {"250", 250}, {"half", 250}, {"-20", -20}};
     for (auto [text, percent] : cases) {
         setting(o, "idPosValue", text);
         EXPECT_NEAR(handleY(o), lo + (hi - lo) * percent / 100, 1e-9) << text;

@@ -37,6 +37,7 @@ QString kindName(int kind)
     case DATA_TYPE_COMBOBOX: return QStringLiteral("int");
     case DATA_TYPE_COLOR: return QStringLiteral("color");
     case DATA_TYPE_STRING: return QStringLiteral("string");
+    case PlaybackRecord::KindRecord: return QStringLiteral("record");
     default: return QStringLiteral("data");
     }
 }
@@ -173,11 +174,18 @@ QJsonObject ScriptSession::exec(const QString &line)
             cmd == QLatin1String("undo") ? s->undo() : s->redo();
         return QJsonObject{{QStringLiteral("result"), can}, {QStringLiteral("messages"), messagesSince(mark)}};
     }
-    if (cmd == QLatin1String("capture") || cmd == QLatin1String("restore")) {
+    if (cmd == QLatin1String("capture")) {
         QByteArray empty;
         QDataStream s(&empty, QIODevice::ReadOnly);
-        const bool r = c->SetAttribute(cmd == QLatin1String("capture") ? 2804 : 2805, s, false, false);
-        return QJsonObject{{QStringLiteral("result"), r}};
+        return QJsonObject{{QStringLiteral("result"), c->SetAttribute(CSVGBase::ATTR_CAPTURE, s, false, false)}};
+    }
+    if (cmd == QLatin1String("restore")) {
+        if (!c->hasCapture())
+            return error(QStringLiteral("nothing was captured to restore"));
+        const int mark = GetFramework()->settingsMessages().size();
+        const bool changed = c->editRestore();
+        return QJsonObject{{QStringLiteral("result"), true}, {QStringLiteral("changed"), changed},
+                           {QStringLiteral("messages"), messagesSince(mark)}};
     }
     if (cmd == QLatin1String("png")) {
         if (a.size() != 2)
@@ -227,8 +235,10 @@ QJsonObject ScriptSession::cmdSet(const QStringList &a)
         values.insert(a[i].left(eq), a[i].mid(eq + 1));
     }
     const int mark = GetFramework()->settingsMessages().size();
-    const bool r = m_obj->content()->SetSettingArray(values, true, true);
-    return QJsonObject{{QStringLiteral("result"), r}, {QStringLiteral("messages"), messagesSince(mark)}};
+    // One undo step and one playback record, or nothing at all when nothing changed.
+    const bool changed = m_obj->content()->editSettings(values);
+    return QJsonObject{{QStringLiteral("result"), true}, {QStringLiteral("changed"), changed},
+                       {QStringLiteral("messages"), messagesSince(mark)}};
 }
 
 QJsonObject ScriptSession::cmdProp(const QStringList &a)
@@ -279,10 +289,10 @@ QJsonObject ScriptSession::cmdProp(const QStringList &a)
             out << v;
         }
     }
-    QDataStream in(bytes);
     const int mark = GetFramework()->settingsMessages().size();
-    const bool r = c->SetAttribute(id, in, true, true);
-    return QJsonObject{{QStringLiteral("result"), r}, {QStringLiteral("messages"), messagesSince(mark)}};
+    const bool changed = c->editAttribute(id, bytes);
+    return QJsonObject{{QStringLiteral("result"), true}, {QStringLiteral("changed"), changed},
+                       {QStringLiteral("messages"), messagesSince(mark)}};
 }
 
 QJsonObject ScriptSession::cmdNode(const QStringList &a)
@@ -299,7 +309,7 @@ QJsonObject ScriptSession::cmdNode(const QStringList &a)
     }
     QJsonObject attrs;
     for (const QSvgNode::Attr &at : n->attributes())
-        attrs.insert(at.name, at.value);
+        attrs.insert(at.name, at.text());
     if (n->type() == QSvgNode::Text)
         attrs.insert(QStringLiteral("value"), n->text());
     return QJsonObject{{QStringLiteral("visible"), n->isVisible()},
@@ -324,15 +334,16 @@ QJsonObject ScriptSession::cmdLoad(const QByteArray &data, bool json)
     if (fresh->content()) {
         if (json) {
             fresh->content()->loadJson(jsonObj);
-            ok = true;
+            ok = fresh->content()->lastLoadOk();
         } else {
             QDataStream in(data);
             ok = fresh->content()->load(in) && in.status() == QDataStream::Ok;
         }
     }
     if (!ok) {
+        const QString why = fresh->content() ? fresh->content()->lastLoadError() : QString();
         fresh->Release();
-        return error(QStringLiteral("the stream is corrupt or not of this apparatus; nothing was loaded"));
+        return error(QStringLiteral("nothing was loaded: the stream is %1").arg(why.isEmpty() ? QStringLiteral("damaged") : why));
     }
     replace(fresh);
     return QJsonObject{{QStringLiteral("result"), true}};
@@ -350,9 +361,12 @@ QJsonObject ScriptSession::cmdPlayback()
     QJsonArray arr;
     for (const PlaybackRecord &r : GetFramework()->records()) {
         QDataStream in(r.data);
-        arr.append(QJsonObject{{QStringLiteral("prop"), r.actionId},
-                               {QStringLiteral("kind"), kindName(r.kind)},
-                               {QStringLiteral("value"), readValue(r.kind, in)}});
+        QJsonObject o{{QStringLiteral("prop"), r.actionId}, {QStringLiteral("kind"), kindName(r.kind)}};
+        if (r.kind == PlaybackRecord::KindRecord) // the whole object, as the host records it
+            o.insert(QStringLiteral("bytes"), r.data.size());
+        else
+            o.insert(QStringLiteral("value"), readValue(r.kind, in));
+        arr.append(o);
     }
     return QJsonObject{{QStringLiteral("records"), arr}};
 }
