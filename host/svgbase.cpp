@@ -491,22 +491,24 @@ void CSVGBase::applyLoaded(const HostPart &part, const std::function<void()> &ow
     for (int i = 0; i < m_controlNodes.size() && i < part.handles.size(); ++i) {
         QSvgNode *h = m_controlNodes.at(i);
         const QPointF delta = part.handles.at(i) - h->rect().topLeft();
-        if (delta != QPointF(0, 0)) {
+        if (delta.x() != 0 || delta.y() != 0) {
             h->translate(delta.x(), delta.y());
             updateSVG(h, delta, true);
         }
     }
+    applyHostColors();
+    if (after)
+        after();
+    // What the drawing spans, as saved: the item moves with it so that the drawing
+    // stays where it was on the page.
     if (m_pDocument) {
         const QRectF vb = part.viewBox, now = m_pDocument->viewBox();
-        if (vb != now)
+        if (vb.topLeft() != now.topLeft() || vb.size() != now.size())
             adjustSvgPosition(vb.topLeft() - now.topLeft(), vb.width() - now.width(), vb.height() - now.height(), true);
         m_pDocument->setViewBox(vb);
         m_pDocument->setSize(part.docSize);
         m_pDocument->setCachedBounds(part.cachedBounds);
     }
-    applyHostColors();
-    if (after)
-        after();
     // The patch puts back what the load does not rebuild, for the object as it was saved:
     // a JSON form whose own keys were changed since keeps what they now say.
     if (part.patch.context == part.context)
@@ -1461,7 +1463,7 @@ QPointF CSVGBase::moveControlPoint(QSvgNode *handle, QPointF delta, bool bFinal,
     applied.setY(qBound(-kMaxExtent, start.y() + applied.y(), kMaxExtent) - start.y());
     if (!CanMoveControlPoint(handle, applied))
         applied = QPointF();
-    if (applied != QPointF())
+    if (applied.x() != 0 || applied.y() != 0)
         handle->translate(applied.x(), applied.y());
     const bool r = updateSVG(handle, applied, bFinal);
     if (handled)

@@ -51,9 +51,11 @@ public:
     int indexedCount() const { return m_index.size(); }
 
     QRectF viewBox() const { return m_viewBox; }
+    // Qt compares rectangles and sizes fuzzily; a drawing is kept to the last bit.
     void setViewBox(const QRectF &r)
     {
-        if (r != m_viewBox) {
+        if (r.x() != m_viewBox.x() || r.y() != m_viewBox.y() || r.width() != m_viewBox.width() ||
+            r.height() != m_viewBox.height()) {
             m_viewBox = r;
             ++m_revision;
         }
@@ -62,7 +64,7 @@ public:
     QSizeF size() const;
     void setSize(const QSizeF &s)
     {
-        if (s != m_size) {
+        if (s.width() != m_size.width() || s.height() != m_size.height()) {
             m_size = s;
             ++m_revision;
         }
