@@ -1,5 +1,6 @@
 #include "svghandler.h"
 #include <QSet>
+#include <cstring>
 
 namespace {
 // Input is untrusted page data: bound nesting and size rather than trust it.
@@ -10,9 +11,9 @@ QString lastErrorText;
 
 // QXmlStreamReader checks each attribute of an element against all the ones before it,
 // which is quadratic in their number. A start tag with more than this many attributes
-// is split before the reader sees it: its first ones stay, the rest follow as empty
-// continuation elements of kWide each, which the handler folds back into the element.
-constexpr int kWide = 64;
+// keeps its first ones for the reader; the rest are read here, in one linear pass, into
+// a side table the tag points to with one attribute of a name no input uses.
+constexpr int kWide = 16;
 
 bool isSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
@@ -29,9 +30,56 @@ int skipPast(const QByteArray &in, int i, const char *what)
     return at < 0 ? -1 : at + int(qstrlen(what));
 }
 
-// Returns the input with every wide start tag split (or the input itself when there is
-// none, or when the markup is malformed: the reader then reports it).
-QByteArray splitWideTags(const QByteArray &in, const QByteArray &marker)
+// An attribute value as XML reads it: references resolved, white space made spaces.
+// False for what XML refuses (a '<', an unknown or broken reference).
+bool attributeValue(const char *p, int n, QString &out)
+{
+    QByteArray v;
+    v.reserve(n);
+    for (int i = 0; i < n; ++i) {
+        const char c = p[i];
+        if (c == '<')
+            return false;
+        if (c == '\r') {
+            v += ' ';
+            if (i + 1 < n && p[i + 1] == '\n')
+                ++i;
+        } else if (c == '\n' || c == '\t') {
+            v += ' ';
+        } else if (c == '&') {
+            const char *end = static_cast<const char *>(memchr(p + i, ';', size_t(n - i)));
+            if (!end)
+                return false;
+            const int semi = int(end - p);
+            const QByteArray ref(p + i + 1, semi - i - 1);
+            if (ref == "lt") v += '<';
+            else if (ref == "gt") v += '>';
+            else if (ref == "amp") v += '&';
+            else if (ref == "apos") v += '\'';
+            else if (ref == "quot") v += '"';
+            else if (ref.startsWith('#')) {
+                bool ok = false;
+                const uint code = ref.startsWith("#x") ? ref.mid(2).toUInt(&ok, 16) : ref.mid(1).toUInt(&ok, 10);
+                if (!ok || code == 0 || code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF))
+                    return false;
+                v += QString::fromUcs4(&code, 1).toUtf8();
+            } else {
+                return false;
+            }
+            i = semi;
+        } else {
+            v += c;
+        }
+    }
+    out = QString::fromUtf8(v);
+    return true;
+}
+
+// Returns the input with every wide start tag cut down to its first kWide attributes
+// and a pointer into `side`, which gets the rest (or the input itself when there is no
+// wide tag, or when the markup is malformed: the reader then reports it).
+QByteArray splitWideTags(const QByteArray &in, const QByteArray &marker, QVector<QVector<QPair<QString, QString>>> &side,
+                         QString &error)
 {
     QByteArray out;
     int copied = 0;
@@ -75,9 +123,8 @@ QByteArray splitWideTags(const QByteArray &in, const QByteArray &marker)
             int j = i + 1;
             while (j < n && !isSpace(in.at(j)) && in.at(j) != '>' && in.at(j) != '/')
                 ++j;
-            const QByteArray name = in.mid(i + 1, j - i - 1);
-            QVector<QPair<int, int>> attrs;
-            bool selfClosing = false;
+            struct Span { int name, nameEnd, value, valueEnd; };
+            QVector<Span> attrs;
             while (true) {
                 while (j < n && isSpace(in.at(j)))
                     ++j;
@@ -88,13 +135,13 @@ QByteArray splitWideTags(const QByteArray &in, const QByteArray &marker)
                 if (in.at(j) == '/') {
                     if (j + 1 >= n || in.at(j + 1) != '>')
                         return in;
-                    selfClosing = true;
-                    ++j;
                     break;
                 }
-                const int start = j;
+                Span a;
+                a.name = j;
                 while (j < n && !isSpace(in.at(j)) && in.at(j) != '=' && in.at(j) != '>' && in.at(j) != '/')
                     ++j;
+                a.nameEnd = j;
                 while (j < n && isSpace(in.at(j)))
                     ++j;
                 if (j >= n || in.at(j) != '=')
@@ -107,27 +154,36 @@ QByteArray splitWideTags(const QByteArray &in, const QByteArray &marker)
                 const int close = in.indexOf(in.at(j), j + 1);
                 if (close < 0)
                     return in;
+                a.value = j + 1;
+                a.valueEnd = close;
                 j = close + 1;
-                attrs.append(qMakePair(start, j));
+                attrs.append(a);
             }
-            const int end = j + 1; // just past '>'
             if (attrs.size() > kWide) {
-                out += in.mid(copied, i - copied);
-                out += '<' + name;
-                for (int k = 0; k < kWide; ++k)
-                    out += ' ' + in.mid(attrs[k].first, attrs[k].second - attrs[k].first);
-                out += '>';
-                for (int k = kWide; k < attrs.size(); k += kWide) {
-                    out += '<' + marker;
-                    for (int m = k; m < qMin(k + kWide, attrs.size()); ++m)
-                        out += ' ' + in.mid(attrs[m].first, attrs[m].second - attrs[m].first);
-                    out += "/>";
+                if (out.isEmpty())
+                    out.reserve(in.size());
+                const char *d = in.constData();
+                // Up to just after the last attribute the reader keeps.
+                const int keepEnd = attrs[kWide - 1].valueEnd + 1;
+                out.append(d + copied, keepEnd - copied);
+                out += ' ';
+                out += marker;
+                out += "=\"" + QByteArray::number(side.size()) + '"';
+                QVector<QPair<QString, QString>> rest;
+                rest.reserve(attrs.size() - kWide);
+                for (int k = kWide; k < attrs.size(); ++k) {
+                    const QString name = QString::fromUtf8(d + attrs[k].name, attrs[k].nameEnd - attrs[k].name);
+                    QString value;
+                    if (!SvgXml::isName(name) || !attributeValue(d + attrs[k].value, attrs[k].valueEnd - attrs[k].value, value)) {
+                        error = QStringLiteral("malformed attribute '%1'").arg(name.left(64));
+                        return QByteArray();
+                    }
+                    rest.append(qMakePair(name, value));
                 }
-                if (selfClosing)
-                    out += "</" + name + '>';
-                copied = end;
+                side.append(rest);
+                copied = attrs.last().valueEnd + 1; // the tag's end follows as it was
             }
-            i = end;
+            i = j + 1;
         }
         if (i < 0)
             break;
@@ -159,7 +215,10 @@ double parseLength(const QString &text)
 
 SvgHandler::SvgHandler(const QByteArray &contents) : m_marker(uniqueMarker(contents))
 {
-    m_xml.addData(splitWideTags(contents, m_marker));
+    const QByteArray split = splitWideTags(contents, m_marker, m_side, m_error);
+    if (!m_error.isEmpty())
+        return;
+    m_xml.addData(split);
     if (!parse())
         m_doc.reset();
 }
@@ -200,7 +259,8 @@ bool SvgHandler::parse()
 bool SvgHandler::readRoot(QSvgTinyDocument *doc)
 {
     copyNamespaces(doc);
-    copyAttributes(m_xml.attributes(), doc);
+    if (!copyAttributes(m_xml.attributes(), doc))
+        return false;
     double w = parseLength(doc->attribute(QStringLiteral("width")));
     double h = parseLength(doc->attribute(QStringLiteral("height")));
     const QString sw = doc->styleProperty(QStringLiteral("width"));
@@ -245,14 +305,10 @@ bool SvgHandler::readChildren(QSvgNode *parent, int depth)
             m_error = QStringLiteral("document nests or grows too deep");
             return false;
         }
-        if (m_xml.qualifiedName() == QLatin1String(m_marker)) {
-            if (!continueAttributes(parent))
-                return false;
-            continue;
-        }
         std::unique_ptr<QSvgNode> node = createNode(m_xml.qualifiedName());
         copyNamespaces(node.get());
-        copyAttributes(m_xml.attributes(), node.get());
+        if (!copyAttributes(m_xml.attributes(), node.get()))
+            return false;
         QSvgNode *raw = node.get();
         parent->appendChild(std::move(node));
         if (!readChildren(raw, depth + 1))
@@ -301,46 +357,39 @@ void SvgHandler::copyNamespaces(QSvgNode *node)
     }
 }
 
-bool SvgHandler::continueAttributes(QSvgNode *node)
-{
-    // Names are unique within one element; the reader only checked them chunk by chunk.
-    QSet<QString> seen;
-    for (const QSvgNode::Attr &a : node->attributes())
-        seen.insert(a.name);
-    for (const QXmlStreamAttribute &a : m_xml.attributes()) {
-        const QString name = a.qualifiedName().toString();
-        if (seen.contains(name)) {
-            m_error = QStringLiteral("attribute '%1' redefined").arg(name);
-            return false;
-        }
-        seen.insert(name);
-    }
-    copyAttributes(m_xml.attributes(), node);
-    // The continuation element is empty: read up to its end.
-    while (!m_xml.atEnd()) {
-        const auto tok = m_xml.readNext();
-        if (tok == QXmlStreamReader::EndElement)
-            return true;
-        if (tok == QXmlStreamReader::StartElement || (tok == QXmlStreamReader::Characters && !m_xml.isWhitespace())) {
-            m_error = QStringLiteral("malformed element");
-            return false;
-        }
-    }
-    m_error = m_xml.hasError() ? m_xml.errorString() : QStringLiteral("unexpected end");
-    return false;
-}
-
-void SvgHandler::copyAttributes(const QXmlStreamAttributes &attrs, QSvgNode *node)
+bool SvgHandler::copyAttributes(const QXmlStreamAttributes &attrs, QSvgNode *node)
 {
     QString baseTransform;
-    bool hasBase = false;
+    bool hasBase = false, display = false;
     for (const QXmlStreamAttribute &a : attrs) {
         const QString name = a.qualifiedName().toString();
+        if (name == QLatin1String(m_marker)) {
+            // The rest of a wide tag: names must still be unique in the element.
+            const int k = a.value().toInt();
+            if (k < 0 || k >= m_side.size())
+                continue;
+            QSet<QString> seen;
+            for (const QXmlStreamAttribute &b : attrs)
+                seen.insert(b.qualifiedName().toString());
+            for (const auto &pair : qAsConst(m_side[k])) {
+                const int before = seen.size();
+                seen.insert(pair.first);
+                if (seen.size() == before) {
+                    m_error = QStringLiteral("attribute '%1' redefined").arg(pair.first.left(64));
+                    return false;
+                }
+                display = display || pair.first == QLatin1String("display") || pair.first == QLatin1String("style");
+                node->addParsedAttribute(pair.first, pair.second);
+            }
+            m_side[k].clear();
+            continue;
+        }
         if (name == QLatin1String("host_transform")) {
             hasBase = true;
             baseTransform = a.value().toString();
             continue;
         }
+        display = display || name == QLatin1String("display") || name == QLatin1String("style");
         node->addParsedAttribute(name, a.value().toString());
     }
     // Our writer bakes rotate_angle into transform and keeps the node's own one aside.
@@ -350,10 +399,12 @@ void SvgHandler::copyAttributes(const QXmlStreamAttributes &attrs, QSvgNode *nod
         else
             node->setAttribute(QStringLiteral("transform"), baseTransform);
     }
-    if (node->styleProperty(QStringLiteral("display")) == QLatin1String("none")) {
+    // Looked up only when it can be there: an element may come in many parts.
+    if (display && node->styleProperty(QStringLiteral("display")) == QLatin1String("none")) {
         node->setVisible(false);
         node->removeAttribute(QStringLiteral("display"));
     }
+    return true;
 }
 
 QSvgTinyDocument *QSvgTinyDocument::load(const QByteArray &contents)

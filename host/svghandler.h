@@ -1,5 +1,6 @@
 #pragma once
 #include "svgtinydocument.h"
+#include <QSet>
 #include <QXmlStreamReader>
 
 // Builds a document from SVG text. Nodes know nothing of XML; this is the only reader.
@@ -16,11 +17,10 @@ private:
     bool readChildren(QSvgNode *parent, int depth);
     static std::unique_ptr<QSvgNode> createNode(const QStringRef &name);
     void copyNamespaces(QSvgNode *node);
-    static void copyAttributes(const QXmlStreamAttributes &attrs, QSvgNode *node);
-    // Takes the attributes of a continuation element (see splitWideTags) into node.
-    bool continueAttributes(QSvgNode *node);
+    bool copyAttributes(const QXmlStreamAttributes &attrs, QSvgNode *node);
 
-    QByteArray m_marker;  // name of the continuation elements, unique in this input
+    QByteArray m_marker;  // name of the attribute that points into m_side, unique in this input
+    QVector<QVector<QPair<QString, QString>>> m_side;  // the rest of each wide tag's attributes
     QXmlStreamReader m_xml;
     std::unique_ptr<QSvgTinyDocument> m_doc;
     QString m_error;

@@ -876,7 +876,7 @@ QFont QSvgText::font() const
 QRectF QSvgText::rect() const
 {
     const QFontMetricsF fm(font());
-    const double w = fm.horizontalAdvance(text());
+    const double w = fm.horizontalAdvance(drawnText(text()));
     double x = numAttribute(QStringLiteral("x"));
     const QString anchor = styleProperty(QStringLiteral("text-anchor"));
     if (anchor == QLatin1String("middle"))

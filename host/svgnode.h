@@ -245,6 +245,10 @@ public:
     QRectF rect() const override;
     void translate(double dx, double dy) override;
     QFont font() const;
+    // What is drawn of a text: laying out a text of millions of characters would take
+    // seconds and gigabytes, and nobody reads past the first few thousand.
+    static constexpr int kMaxDrawn = 4096;
+    static QString drawnText(const QString &text) { return text.size() > kMaxDrawn ? text.left(kMaxDrawn) : text; }
 
 protected:
     void attributeChanged(const QString &name) override;

@@ -192,7 +192,7 @@ private:
 
     void drawText(const QSvgNode *n, const Style &st)
     {
-        const QString text = n->text();
+        const QString text = QSvgText::drawnText(n->text());
         if (text.isEmpty())
             return;
         const QFont font = static_cast<const QSvgText *>(n)->font();

@@ -79,6 +79,51 @@ TEST(Document, WriteThenParseGivesTheSameDocument)
     EXPECT_TRUE(once.contains("translate(10,5) rotate(30 20 20)"));
 }
 
+// An element with many attributes reads as one with few: every attribute, references
+// resolved, in order, with names still unique across the whole element.
+TEST(Document, WideElementsReadLikeNarrowOnes)
+{
+    QByteArray svg = "<svg xmlns='http://www.w3.org/2000/svg'><rect id='r' width='4' height='4'";
+    for (int i = 0; i < 300; ++i)
+        svg += " a" + QByteArray::number(i) + "='v" + QByteArray::number(i) + " &amp;&#x3A9;&lt;\t'";
+    svg += " display='none'/><circle id='c' r='1'/></svg>";
+    auto doc = std::unique_ptr<QSvgTinyDocument>(QSvgTinyDocument::load(svg));
+    ASSERT_TRUE(doc) << qPrintable(QSvgTinyDocument::lastError());
+    QSvgNode *r = doc->namedNode("r");
+    ASSERT_TRUE(r);
+    EXPECT_EQ(r->attributes().size(), 303); // id, width, height and the 300; display becomes the flag
+    EXPECT_EQ(r->attributes()[3].name, "a0");
+    EXPECT_EQ(r->attribute("a299"), QString::fromUtf8("v299 &\u03A9< "));
+    EXPECT_FALSE(r->isVisible());
+    EXPECT_TRUE(doc->namedNode("c"));
+    // Written and read again, the same document.
+    auto again = std::unique_ptr<QSvgTinyDocument>(QSvgTinyDocument::load(doc->toSvg()));
+    ASSERT_TRUE(again);
+    EXPECT_EQ(again->toSvg(), doc->toSvg());
+
+    for (const char *bad : {" a5='x'", " a200='x'", " b='<'", " b='&nope;'", " b='&#0;'"}) {
+        QByteArray dup = svg;
+        dup.replace(" display='none'", bad);
+        EXPECT_FALSE(std::unique_ptr<QSvgTinyDocument>(QSvgTinyDocument::load(dup))) << bad;
+    }
+}
+
+// What a user types can hold characters XML cannot carry; the written document is
+// still well formed, whatever the text.
+TEST(Document, TextThatXmlCannotCarryIsWrittenWellFormed)
+{
+    auto doc = parse("<svg viewBox='0 0 10 10'><text id='t' x='1' y='5'>a</text></svg>");
+    const QString hostile = QString("x") + QChar(0xD800) + "y" + QChar(0x0001) + "z" + QChar(0xDC00) + QChar(0xFFFF) +
+                            QString::fromUtf8("\U0001D11E");
+    doc->namedNode("t")->setText(hostile);
+    doc->namedNode("t")->setAttribute("title", hostile);
+    auto again = std::unique_ptr<QSvgTinyDocument>(QSvgTinyDocument::load(doc->toSvg()));
+    ASSERT_TRUE(again) << qPrintable(QSvgTinyDocument::lastError());
+    const QString mended = QString("x\uFFFDy\uFFFDz\uFFFD\uFFFD") + QString::fromUtf8("\U0001D11E");
+    EXPECT_EQ(again->namedNode("t")->text(), mended);
+    EXPECT_EQ(again->namedNode("t")->attribute("title"), mended);
+}
+
 TEST(Document, CleanExportLeavesOutHandlesAndHiddenNodes)
 {
     auto doc = parse("<svg viewBox='0 0 10 10'><rect id='control_1' width='2' height='2'/><rect id='a' width='1' height='1'/>"
