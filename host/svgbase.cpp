@@ -182,6 +182,8 @@ quint64 jsonContext(const QJsonObject &json)
     return own.isEmpty() ? 0 : fnv(QJsonDocument(own).toJson(QJsonDocument::Compact));
 }
 
+int gLegacyStreams = 0;
+
 QByteArray emptyPatchBytes(const QDataStream &like)
 {
     QByteArray b;
@@ -281,6 +283,8 @@ bool CSVGBase::readHostPart(QDataStream &in, HostPart &part)
     in >> magic >> version;
     if (in.status() != QDataStream::Ok || magic != kStreamMagic)
         return refuseLoad(&in, QStringLiteral("not a saved apparatus"));
+    if (version == 1 && gLegacyStreams > 0)
+        return readLegacyHostPart(in, part);
     if (version != kStreamVersion)
         return refuseLoad(&in, QStringLiteral("saved by another version (%1)").arg(version));
     in >> type >> own;
@@ -334,6 +338,47 @@ bool CSVGBase::readHostPart(QDataStream &in, HostPart &part)
     if (!readPatch(patch, part.patch))
         return refuseLoad(&in, QStringLiteral("damaged drawing"));
     part.context = m_nLoadContext;
+    return true;
+}
+
+CSVGBase::LegacyStreams::LegacyStreams(bool on) : m_on(on)
+{
+    if (m_on)
+        ++gLegacyStreams;
+}
+
+CSVGBase::LegacyStreams::~LegacyStreams()
+{
+    if (m_on)
+        --gLegacyStreams;
+}
+
+// The first format: colours and pen, item size, view box, handle places.
+bool CSVGBase::readLegacyHostPart(QDataStream &in, HostPart &part)
+{
+    quint32 handles = 0;
+    part.legacy = true;
+    readColor(in, part.host);
+    readColor(in, part.lamp);
+    readColor(in, part.pen);
+    in >> part.penStyle >> part.penWidth;
+    readColor(in, part.fill);
+    in >> part.fillOn >> part.external >> part.itemSize >> part.viewBox;
+    if (!readCount(in, handles, 16) || handles != quint32(m_controlNodes.size()))
+        return refuseLoad(&in, QStringLiteral("cut short or damaged"));
+    for (quint32 i = 0; i < handles; ++i) {
+        double x = 0, y = 0;
+        in >> x >> y;
+        if (!within(x, kMaxExtent) || !within(y, kMaxExtent))
+            in.setStatus(QDataStream::ReadCorruptData);
+        part.handles.append(QPointF(x, y));
+    }
+    if (in.status() != QDataStream::Ok || part.penStyle < 0 || part.penStyle > Qt::CustomDashLine || part.penWidth < 0 ||
+        part.penWidth > 1000 || !sane(part.itemSize, kMaxSize) || !finite(part.viewBox) ||
+        !within(part.viewBox.x(), kMaxSize) || !within(part.viewBox.y(), kMaxSize) ||
+        !(part.viewBox.width() > 0 && part.viewBox.width() <= kMaxSize) ||
+        !(part.viewBox.height() > 0 && part.viewBox.height() <= kMaxSize))
+        return refuseLoad(&in, QStringLiteral("damaged"));
     return true;
 }
 
@@ -506,8 +551,10 @@ void CSVGBase::applyLoaded(const HostPart &part, const std::function<void()> &ow
         if (vb.topLeft() != now.topLeft() || vb.size() != now.size())
             adjustSvgPosition(vb.topLeft() - now.topLeft(), vb.width() - now.width(), vb.height() - now.height(), true);
         m_pDocument->setViewBox(vb);
-        m_pDocument->setSize(part.docSize);
-        m_pDocument->setCachedBounds(part.cachedBounds);
+        if (!part.legacy) {
+            m_pDocument->setSize(part.docSize);
+            m_pDocument->setCachedBounds(part.cachedBounds);
+        }
     }
     // The patch puts back what the load does not rebuild, for the object as it was saved:
     // a JSON form whose own keys were changed since keeps what they now say.

@@ -170,6 +170,18 @@ public:
     QByteArray record();
     // Loads a record; all or nothing, like load.
     bool restoreRecord(const QByteArray &record);
+    // While one exists, streams of the host's first format load too. That format does
+    // not name the type, so only a reader that knows it (a page of that format) may.
+    class HOST_EXPORT LegacyStreams
+    {
+    public:
+        explicit LegacyStreams(bool on);
+        ~LegacyStreams();
+        LegacyStreams(const LegacyStreams &) = delete;
+        LegacyStreams &operator=(const LegacyStreams &) = delete;
+    private:
+        bool m_on;
+    };
     // The last load, loadJson or restoreRecord: whether it was taken, and why not.
     bool lastLoadOk() const { return m_loadError.isEmpty(); }
     QString lastLoadError() const { return m_loadError; }
@@ -216,6 +228,7 @@ protected:
         DrawingPatch patch;
         QVector<QVariant> kept;          // what keepValue members hold, in their order
         quint64 context = 0;             // the JSON keys it came with, to match the patch
+        bool legacy = false;             // the first format: no document size or cached bounds
     };
     // Reads the host's part; false (and the reason in lastLoadError) when it is short,
     // damaged, or of another type. Nothing is applied.
@@ -260,6 +273,7 @@ private:
     void clearPropItems();
     void applyHostColors();
     bool setHostColor(int id, QColor &slot, QDataStream &in, bool bRecord, bool bUndo);
+    bool readLegacyHostPart(QDataStream &in, HostPart &part);
     bool readPatch(const QByteArray &bytes, DrawingPatch &patch);
     void applyPatch(const DrawingPatch &patch);
     QByteArray drawingPatch(const QByteArray &bare);

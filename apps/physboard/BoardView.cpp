@@ -223,7 +223,6 @@ void BoardView::mousePressEvent(QMouseEvent *event)
         m_mode = Mode::Handle;
         m_pressDoc = documentPoint(h.obj, pos);
         m_handleStart = h.obj->content()->controlNodes().at(h.index)->rect().topLeft();
-        m_pressState = ObjectStateCmd::stateOf(h.obj);
         return;
     }
     CWBPhysicalObject *obj = objectAt(pos);
@@ -245,7 +244,7 @@ void BoardView::dragHandleTo(const QPoint &viewPos, bool final)
     const QPointF target = m_handleStart + (documentPoint(m_selected, viewPos) - m_pressDoc);
     const QPointF delta = target - node->rect().topLeft();
     if (final)
-        finishHandleMove(node, delta, m_pressState);
+        finishHandleMove(node, delta);
     else
         c->moveControlPoint(node, delta, false);
     m_selected->update();
@@ -281,23 +280,15 @@ void BoardView::updateCursor(const QPoint &pos)
     viewport()->setCursor(shape);
 }
 
-void BoardView::finishHandleMove(QSvgNode *node, const QPointF &delta, const QByteArray &stateBefore)
+void BoardView::finishHandleMove(QSvgNode *node, const QPointF &delta)
 {
-    CSVGBase *c = m_selected->content();
     QUndoStack *s = GetFramework()->undoStack();
-    c->moveControlPoint(node, delta, false);
-    // Open a step only for a move that changed something, so that no empty one is left.
-    if (ObjectStateCmd::stateOf(m_selected) == stateBefore) {
-        c->moveControlPoint(node, QPointF(), true);
-        return;
-    }
-    s->beginMacro(Strings::text(QStringLiteral("BOARD_CMD_HANDLE")).arg(nameOf(m_selected)));
-    const QUndoCommand *macro = s->command(s->count() - 1);
-    c->moveControlPoint(node, QPointF(), true);
-    const bool recorded = macro && macro->childCount() > 0;
-    s->endMacro();
-    if (!recorded)
-        s->undo(); // the drag came back to where it began
+    auto top = [s]() { return s->index() > 0 ? s->command(s->index() - 1) : nullptr; };
+    const QUndoCommand *before = top();
+    m_selected->content()->moveControlPoint(node, delta, true);
+    // A drag that changed nothing left no step; one that did left exactly one.
+    if (top() && top() != before)
+        const_cast<QUndoCommand *>(top())->setText(Strings::text(QStringLiteral("BOARD_CMD_HANDLE")).arg(nameOf(m_selected)));
 }
 
 void BoardView::mouseMoveEvent(QMouseEvent *event)
@@ -345,8 +336,7 @@ void BoardView::finishTransform(const QString &key)
 {
     const ItemPlacement now = ItemPlacement::of(m_selected);
     if (now != m_startPlacement)
-        GetFramework()->undoStack()->push(
-            new PlaceObjectCmd(m_selected, m_startPlacement, now, Strings::text(key).arg(nameOf(m_selected))));
+        GetFramework()->pushUndo(new PlaceObjectCmd(m_selected, m_startPlacement, now, Strings::text(key).arg(nameOf(m_selected))));
 }
 
 void BoardView::mouseReleaseEvent(QMouseEvent *event)
@@ -401,7 +391,7 @@ void BoardView::keyPressEvent(QKeyEvent *event)
         QPointF d = unturn.map(step);
         auto snap = [](double v) { return std::fabs(v - std::round(v)) < 1e-9 ? std::round(v) : v; };
         d = QPointF(snap(d.x()), snap(d.y()));
-        finishHandleMove(c->controlNodes().at(m_handle), d, ObjectStateCmd::stateOf(m_selected));
+        finishHandleMove(c->controlNodes().at(m_handle), d);
         m_selected->update();
         emit handleMoved(m_selected, true);
     } else {

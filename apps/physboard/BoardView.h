@@ -66,8 +66,8 @@ private:
     bool nearKnob(const QPointF &knob, const QPoint &viewPos) const;
     QPointF documentPoint(CWBPhysicalObject *obj, const QPoint &viewPos) const;
     void dragHandleTo(const QPoint &viewPos, bool final);
-    // The last call of a handle move; whatever it records becomes one undo step.
-    void finishHandleMove(QSvgNode *node, const QPointF &delta, const QByteArray &stateBefore);
+    // The last call of a handle move: the host makes it one undo step, named here.
+    void finishHandleMove(QSvgNode *node, const QPointF &delta);
     void finishTransform(const QString &key);
     QPolygonF selectionOutline() const;  // viewport pixels
     void updateCursor(const QPoint &viewPos);
@@ -79,7 +79,6 @@ private:
     QPointF m_pressScene;
     QPointF m_pressDoc;
     QPointF m_handleStart;
-    QByteArray m_pressState;
     ItemPlacement m_startPlacement;
     QPointF m_centerScene;
     double m_pressAngle = 0;

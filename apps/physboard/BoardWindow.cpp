@@ -71,6 +71,7 @@ BoardWindow::BoardWindow(QWidget *parent) : QMainWindow(parent)
     });
     connect(m_panel, &PropertyPanel::edited, this, &BoardWindow::applyEdit);
     connect(m_panel, &PropertyPanel::placementEdited, this, &BoardWindow::applyPlacement);
+    connect(m_panel, &PropertyPanel::notice, this, [this](const QString &text) { statusBar()->showMessage(text, 8000); });
     m_observer = GetFramework()->addObserver([this](int message, const QByteArray &json) {
         if (message == CFramework::MSG_SETTINGS_CHANGED)
             m_panel->applyMessage(json);
@@ -132,9 +133,9 @@ void BoardWindow::buildMenus()
     m_quit->setShortcut(QKeySequence::Quit);
 
     m_editMenu = menuBar()->addMenu(QString());
-    m_undo = m_editMenu->addAction(QString(), undoStack(), &QUndoStack::undo);
+    m_undo = m_editMenu->addAction(QString(), this, &BoardWindow::undo);
     m_undo->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Z));
-    m_redo = m_editMenu->addAction(QString(), undoStack(), &QUndoStack::redo);
+    m_redo = m_editMenu->addAction(QString(), this, &BoardWindow::redo);
     m_redo->setShortcuts({QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), QKeySequence(Qt::CTRL + Qt::Key_Y)});
     m_editMenu->addSeparator();
     m_delete = m_editMenu->addAction(QString(), this, &BoardWindow::deleteSelected);
@@ -148,7 +149,7 @@ void BoardWindow::buildMenus()
         if (to == from)
             return;
         to.applyTo(obj);
-        undoStack()->push(new PlaceObjectCmd(obj, from, to, T("BOARD_CMD_SCALE").arg(Strings::typeName(obj->typeId()))));
+        GetFramework()->pushUndo(new PlaceObjectCmd(obj, from, to, T("BOARD_CMD_SCALE").arg(Strings::typeName(obj->typeId()))));
     });
 
     m_editMenu->addSeparator();
@@ -218,8 +219,22 @@ void BoardWindow::setLanguage(int language)
 void BoardWindow::updateTitle()
 {
     const QString name = m_file.isEmpty() ? T("BOARD_UNTITLED") : QFileInfo(m_file).fileName();
-    setWindowTitle(QStringLiteral("%1%2 — %3").arg(name, undoStack()->isClean() ? QString() : QStringLiteral("*"),
-                                                     T("BOARD_TITLE")));
+    setWindowTitle(QStringLiteral("%1%2 — %3").arg(name, isModified() ? QStringLiteral("*") : QString(), T("BOARD_TITLE")));
+}
+
+bool BoardWindow::isModified() const { return !undoStack()->isClean() || m_recordingChanged; }
+
+void BoardWindow::undo()
+{
+    // A value still being typed is an edit too: it is made first, then undone.
+    m_panel->commitEditing();
+    undoStack()->undo();
+}
+
+void BoardWindow::redo()
+{
+    m_panel->commitEditing();
+    undoStack()->redo();
 }
 
 void BoardWindow::onSelectionChanged(CWBPhysicalObject *obj)
@@ -247,19 +262,20 @@ bool BoardWindow::restoreSelected()
     CWBPhysicalObject *obj = m_view->selected();
     if (!obj || !obj->content() || !m_captured.contains(obj->content()->serial()))
         return false;
-    const QByteArray before = ObjectStateCmd::stateOf(obj);
-    QByteArray none;
-    QDataStream in(&none, QIODevice::ReadOnly);
-    obj->content()->SetAttribute(CSVGBase::ATTR_RESTORE, in, false, false);
-    const QByteArray after = ObjectStateCmd::stateOf(obj);
-    if (after != before) {
-        auto *cmd = new ObjectStateCmd(obj, before, after);
-        cmd->setText(T("BOARD_RESTORE"));
-        undoStack()->push(cmd);
-    }
+    nameNewStep([obj]() { obj->content()->editRestore(); }, T("BOARD_RESTORE"));
     obj->update();
     m_panel->refreshValues();
     return true;
+}
+
+void BoardWindow::nameNewStep(const std::function<void()> &change, const QString &text)
+{
+    QUndoStack *s = undoStack();
+    auto top = [s]() { return s->index() > 0 ? s->command(s->index() - 1) : nullptr; };
+    const QUndoCommand *before = top();
+    change();
+    if (top() && top() != before)
+        const_cast<QUndoCommand *>(top())->setText(text);
 }
 
 void BoardWindow::updatePlaybackActions()
@@ -295,8 +311,11 @@ void BoardWindow::startRecording()
 void BoardWindow::stopRecording()
 {
     m_recorder->stop();
+    // The recording belongs to the page: it is saved with it, so the page has changed.
+    m_recordingChanged = true;
     statusBar()->clearMessage();
     updatePlaybackActions();
+    updateTitle();
 }
 
 bool BoardWindow::playBack(int intervalMs)
@@ -340,6 +359,10 @@ CWBPhysicalObject *BoardWindow::place(int typeId, const QPointF &scenePos)
 {
     if (m_recorder->isPlaying())
         return nullptr;
+    if (m_page->objects().size() >= BoardPage::kMaxObjects) {
+        fail(T("BOARD_PAGE_FULL").arg(BoardPage::kMaxObjects));
+        return nullptr;
+    }
     CWBPhysicalObject *obj = BoardPage::create(typeId, true);
     if (!obj)
         return nullptr;
@@ -347,7 +370,7 @@ CWBPhysicalObject *BoardWindow::place(int typeId, const QPointF &scenePos)
     obj->setZValue(m_page->topZ() + 1);
     auto *cmd = new AddObjectCmd(m_page, obj);
     cmd->setText(T("BOARD_CMD_ADD").arg(Strings::typeName(typeId)));
-    undoStack()->push(cmd);
+    GetFramework()->pushUndo(cmd);
     m_view->select(obj);
     m_view->setFocus();
     return obj;
@@ -369,7 +392,7 @@ void BoardWindow::deleteSelected()
     m_view->select(nullptr);
     auto *cmd = new RemoveObjectCmd(m_page, obj);
     cmd->setText(T("BOARD_CMD_DELETE").arg(Strings::typeName(obj->typeId())));
-    undoStack()->push(cmd);
+    GetFramework()->pushUndo(cmd);
 }
 
 void BoardWindow::applyEdit(const QString &id, const QString &value)
@@ -378,21 +401,9 @@ void BoardWindow::applyEdit(const QString &id, const QString &value)
     if (!obj || !obj->content() || obj->scene() != m_page)
         return;
     const bool refresh = m_panel->wantsRefresh(id);
-    QUndoStack *s = undoStack();
-    const QByteArray before = ObjectStateCmd::stateOf(obj);
-    QMap<QString, QString> values{{id, value}};
-    // Whatever the apparatus records for this edit becomes one step; what it does not
-    // record is kept as its state before and after.
-    s->beginMacro(T("BOARD_CMD_EDIT").arg(Strings::typeName(obj->typeId())));
-    const QUndoCommand *macro = s->command(s->count() - 1);
-    obj->content()->SetSettingArray(values, true, true);
-    const QByteArray after = ObjectStateCmd::stateOf(obj);
-    const bool recorded = macro && macro->childCount() > 0;
-    if (!recorded && after != before)
-        s->push(new ObjectStateCmd(obj, before, after));
-    s->endMacro();
-    if (!recorded && after == before)
-        s->undo(); // nothing changed: leave no empty step to undo
+    // One step and one playback record, or none when nothing changed.
+    nameNewStep([&]() { obj->content()->editSettings({{id, value}}); },
+                T("BOARD_CMD_EDIT").arg(Strings::typeName(obj->typeId())));
     obj->update();
     if (refresh)
         m_panel->rebuild();
@@ -434,7 +445,7 @@ void BoardWindow::applyPlacement(int field, double value)
     if (to == from)
         return;
     to.applyTo(obj);
-    undoStack()->push(new PlaceObjectCmd(obj, from, to, T(key).arg(Strings::typeName(obj->typeId()))));
+    GetFramework()->pushUndo(new PlaceObjectCmd(obj, from, to, T(key).arg(Strings::typeName(obj->typeId()))));
     m_view->viewport()->update();
 }
 
@@ -452,6 +463,8 @@ void BoardWindow::newPage()
     m_view->select(nullptr);
     undoStack()->clear();
     m_page->clearPage();
+    m_recorder->clear();
+    m_recordingChanged = false;
     m_file.clear();
     m_placed = 0;
     undoStack()->setClean();
@@ -461,12 +474,13 @@ void BoardWindow::newPage()
 bool BoardWindow::savePage(const QString &path)
 {
     QString err;
-    if (!m_page->saveTo(path, &err)) {
+    if (!m_page->saveTo(path, &err, m_recorder->save())) {
         fail(err);
         return false;
     }
     m_file = path;
     m_lastError.clear();
+    m_recordingChanged = false;
     undoStack()->setClean();
     statusBar()->showMessage(T("BOARD_SAVED").arg(QFileInfo(path).fileName()));
     updateTitle();
@@ -477,12 +491,17 @@ bool BoardWindow::openPage(const QString &path)
 {
     QList<CWBPhysicalObject *> loaded;
     QString err;
-    if (!BoardPage::readFile(path, &loaded, &err)) {
-        fail(err);
+    QByteArray recording;
+    if (!BoardPage::readFile(path, &loaded, &err, &recording) || !Recorder::valid(recording)) {
+        for (CWBPhysicalObject *o : loaded)
+            o->Release();
+        fail(err.isEmpty() ? T("BOARD_ERR_DAMAGED").arg(QFileInfo(path).fileName()) : err);
         return false;
     }
     m_recorder->cancel();
     m_recorder->stop();
+    m_recorder->load(recording);
+    m_recordingChanged = false;
     updatePlaybackActions();
     m_view->select(nullptr);
     undoStack()->clear();
@@ -537,7 +556,7 @@ bool BoardWindow::exportSelected(const QString &path)
 
 bool BoardWindow::confirmDiscard()
 {
-    if (undoStack()->isClean())
+    if (!isModified())
         return true;
     return QMessageBox::question(this, T("BOARD_TITLE"), T("BOARD_DISCARD")) == QMessageBox::Yes;
 }

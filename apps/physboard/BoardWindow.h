@@ -2,6 +2,7 @@
 // The board's main window: toolbox, page, property panel, menus and files.
 #include <QMainWindow>
 #include <QSet>
+#include <functional>
 
 class BoardPage;
 class BoardView;
@@ -48,6 +49,10 @@ public:
     // The apparatus's own capture and re-application of its state; a restore is one undo step.
     bool captureSelected();
     bool restoreSelected();
+    // Unsaved changes: undo steps since the last save, or a new recording.
+    bool isModified() const;
+    void undo();
+    void redo();
     QString lastError() const { return m_lastError; }
     QString currentFile() const { return m_file; }
 
@@ -92,7 +97,10 @@ private:
     void updatePlaybackActions();
     void setPlaying(bool on);
     void growPage();
+    // Makes a change and gives the undo step it left (if any) a name the user reads.
+    void nameNewStep(const std::function<void()> &change, const QString &text);
     QSet<quint64> m_captured; // content serials that hold a captured state
+    bool m_recordingChanged = false;
     QString m_file;
     QString m_lastError;
     int m_observer = 0;

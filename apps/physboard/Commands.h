@@ -1,6 +1,6 @@
 #pragma once
-// Undo steps of the board itself: placing, removing and transforming apparatus,
-// and a whole-state step for panel edits the apparatus does not record itself.
+// Undo steps of the board itself: placing, removing and transforming apparatus. Edits
+// of an apparatus are the host's own steps (CSVGBase's edit path).
 #include <QByteArray>
 #include <QPointF>
 #include <QUndoCommand>
@@ -59,21 +59,5 @@ public:
 private:
     CWBPhysicalObject *m_obj;
     ItemPlacement m_from, m_to;
-    bool m_first = true;
-};
-
-// The apparatus's whole saved state before and after a change, already made when pushed.
-class ObjectStateCmd : public QUndoCommand
-{
-public:
-    ObjectStateCmd(CWBPhysicalObject *obj, const QByteArray &before, const QByteArray &after);
-    void undo() override;
-    void redo() override;
-    static QByteArray stateOf(CWBPhysicalObject *obj);
-    static void restore(CWBPhysicalObject *obj, const QByteArray &state);
-
-private:
-    quint64 m_serial;
-    QByteArray m_before, m_after;
     bool m_first = true;
 };

@@ -140,7 +140,7 @@ QRectF BoardPage::contentBounds() const
     return r;
 }
 
-QByteArray BoardPage::serialize(const QList<CWBPhysicalObject *> &objects)
+QByteArray BoardPage::serialize(const QList<CWBPhysicalObject *> &objects, const QByteArray &recording)
 {
     QByteArray body;
     {
@@ -148,15 +148,13 @@ QByteArray BoardPage::serialize(const QList<CWBPhysicalObject *> &objects)
         out.setVersion(QDataStream::Qt_5_15);
         out << quint32(objects.size());
         for (CWBPhysicalObject *o : objects) {
-            QByteArray state;
-            {
-                QDataStream s(&state, QIODevice::WriteOnly);
-                if (o->content())
-                    o->content()->save(s);
-            }
-            out << qint32(o->typeId()) << o->pos() << double(o->rotation()) << double(o->scale())
-                << double(o->zValue()) << state;
+            // The record: the apparatus's stream and what the host keeps beside it (a
+            // meter's range), so that every apparatus reopens exactly as it was.
+            const QByteArray record = o->content() ? o->content()->record() : QByteArray();
+            out << qint32(o->typeId()) << o->pos() << double(o->rotation()) << double(o->scale()) << double(o->zValue())
+                << record;
         }
+        out << recording;
     }
     QByteArray file;
     QDataStream out(&file, QIODevice::WriteOnly);
@@ -165,7 +163,7 @@ QByteArray BoardPage::serialize(const QList<CWBPhysicalObject *> &objects)
     return file;
 }
 
-bool BoardPage::deserialize(const QByteArray &bytes, QList<CWBPhysicalObject *> *out, QString *error)
+bool BoardPage::deserialize(const QByteArray &bytes, QList<CWBPhysicalObject *> *out, QString *error, QByteArray *recording)
 {
     auto fail = [&](const QString &msg) {
         if (error)
@@ -182,7 +180,7 @@ bool BoardPage::deserialize(const QByteArray &bytes, QList<CWBPhysicalObject *> 
     in >> version;
     if (in.status() != QDataStream::Ok)
         return fail(Strings::text(QStringLiteral("BOARD_ERR_DAMAGED")));
-    if (version != kVersion)
+    if (version > kVersion || version == 0)
         return fail(Strings::text(QStringLiteral("BOARD_ERR_NEWER")).arg(QStringLiteral("%1"), QString::number(version), QString::number(kVersion)));
     QByteArray body, hash;
     in >> body >> hash;
@@ -199,8 +197,14 @@ bool BoardPage::deserialize(const QByteArray &bytes, QList<CWBPhysicalObject *> 
     b.setVersion(QDataStream::Qt_5_15);
     quint32 count = 0;
     b >> count;
-    if (b.status() != QDataStream::Ok || count > kMaxObjects)
+    if (b.status() != QDataStream::Ok)
         return failAll(Strings::text(QStringLiteral("BOARD_ERR_DAMAGED")));
+    // Checked before a single object is made.
+    if (count > quint32(kMaxObjects))
+        return failAll(Strings::text(QStringLiteral("BOARD_ERR_TOO_MANY")).arg(QStringLiteral("%1"), QString::number(count),
+                                                                                 QString::number(kMaxObjects)));
+    // Pages of the first format hold streams of the host's first format; they still open.
+    CSVGBase::LegacyStreams legacy(version == 1);
     for (quint32 i = 0; i < count; ++i) {
         qint32 type = 0;
         QPointF pos;
@@ -214,26 +218,37 @@ bool BoardPage::deserialize(const QByteArray &bytes, QList<CWBPhysicalObject *> 
         if (!obj)
             return failAll(Strings::text(QStringLiteral("BOARD_ERR_UNKNOWN_TYPE")).arg(QStringLiteral("%1"), QString::number(type)));
         made.append(obj);
-        QDataStream s(state);
-        if (!obj->content()->load(s) || s.status() != QDataStream::Ok)
+        bool loaded = false;
+        if (version == 1) {
+            QDataStream s(state);
+            loaded = obj->content()->load(s) && s.status() == QDataStream::Ok;
+        } else {
+            loaded = obj->content()->restoreRecord(state);
+        }
+        if (!loaded)
             return failAll(Strings::text(QStringLiteral("BOARD_ERR_BAD_OBJECT")).arg(QStringLiteral("%1"), QString::number(i + 1), QString::number(type)));
         obj->setPos(pos);
         obj->setRotation(std::fmod(rotation, 360.0));
         obj->setScale(scale);
         obj->setZValue(z);
     }
-    if (!b.atEnd())
+    QByteArray rec;
+    if (version >= 2)
+        b >> rec;
+    if (b.status() != QDataStream::Ok || !b.atEnd())
         return failAll(Strings::text(QStringLiteral("BOARD_ERR_DAMAGED")));
+    if (recording)
+        *recording = rec;
     *out = made;
     return true;
 }
 
-bool BoardPage::saveTo(const QString &path, QString *error) const
+bool BoardPage::saveTo(const QString &path, QString *error, const QByteArray &recording) const
 {
-    return writeFile(path, serialize(objects()), error);
+    return writeFile(path, serialize(objects(), recording), error);
 }
 
-bool BoardPage::readFile(const QString &path, QList<CWBPhysicalObject *> *out, QString *error)
+bool BoardPage::readFile(const QString &path, QList<CWBPhysicalObject *> *out, QString *error, QByteArray *recording)
 {
     const QString name = QFileInfo(path).fileName();
     QFile f(path);
@@ -244,11 +259,12 @@ bool BoardPage::readFile(const QString &path, QList<CWBPhysicalObject *> *out, Q
     }
     if (f.size() > kMaxFileSize) {
         if (error)
-            *error = Strings::text(QStringLiteral("BOARD_ERR_NOT_PAGE")).arg(name);
+            *error = Strings::text(QStringLiteral("BOARD_ERR_TOO_BIG")).arg(name, QString::number(f.size() >> 20),
+                                                                          QString::number(kMaxFileSize >> 20));
         return false;
     }
     QString msg;
-    if (!deserialize(f.readAll(), out, &msg)) {
+    if (!deserialize(f.readAll(), out, &msg, recording)) {
         if (error)
             *error = msg.arg(name);
         return false;
@@ -355,13 +371,7 @@ bool BoardPage::exportObject(CWBPhysicalObject *obj, const QString &path, QStrin
     CWBPhysicalObject *copy = create(obj->typeId(), false);
     if (!copy)
         return false;
-    QByteArray state;
-    {
-        QDataStream s(&state, QIODevice::WriteOnly);
-        obj->content()->save(s);
-    }
-    QDataStream in(state);
-    copy->content()->load(in);
+    copy->content()->restoreRecord(obj->content()->record());
     // Keeps its turn and size, not its place.
     copy->setRotation(obj->rotation());
     copy->setScale(obj->scale());

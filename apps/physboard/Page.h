@@ -13,10 +13,12 @@ class BoardPage : public QGraphicsScene
 public:
     // Page file: magic, format version, body, SHA-1 of the body.
     static constexpr quint32 kMagic = 0x50484250; // "PHBP"
-    static constexpr quint16 kVersion = 1;
-    // Bounds on what a page file may claim, so a damaged one cannot exhaust memory.
+    // 2: each apparatus as its record (stream and kept values), then the recording.
+    static constexpr quint16 kVersion = 2;
+    // What a page may hold, checked before anything is made: a page fits in memory and
+    // opens in a moment, and a damaged file cannot exhaust either.
     static constexpr qint64 kMaxFileSize = 256 * 1024 * 1024;
-    static constexpr quint32 kMaxObjects = 100000;
+    static constexpr int kMaxObjects = 5000;
 
     // progress(done, total) returns false to cancel.
     using Progress = std::function<bool(int done, int total)>;
@@ -38,17 +40,20 @@ public:
     qreal topZ() const;
     QRectF contentBounds() const;
 
-    // The page as bytes and back. Loading is all or nothing: on failure no object
-    // survives and error holds a message with %1 standing for the file name.
-    static QByteArray serialize(const QList<CWBPhysicalObject *> &objects);
-    static bool deserialize(const QByteArray &bytes, QList<CWBPhysicalObject *> *out, QString *error);
+    // The page as bytes and back, with a playback recording (Recorder::save) if there is
+    // one. Loading is all or nothing: on failure no object survives and error holds a
+    // message with %1 standing for the file name.
+    static QByteArray serialize(const QList<CWBPhysicalObject *> &objects, const QByteArray &recording = QByteArray());
+    static bool deserialize(const QByteArray &bytes, QList<CWBPhysicalObject *> *out, QString *error,
+                            QByteArray *recording = nullptr);
 
     // Reads a whole page file into new objects that belong to no page yet.
-    static bool readFile(const QString &path, QList<CWBPhysicalObject *> *out, QString *error);
+    static bool readFile(const QString &path, QList<CWBPhysicalObject *> *out, QString *error,
+                         QByteArray *recording = nullptr);
     // Releases what is on the page and puts these objects on it instead.
     void replaceWith(const QList<CWBPhysicalObject *> &objects);
 
-    bool saveTo(const QString &path, QString *error) const;
+    bool saveTo(const QString &path, QString *error, const QByteArray &recording = QByteArray()) const;
     // Replaces the page only when the whole file reads.
     bool loadFrom(const QString &path, QString *error);
 

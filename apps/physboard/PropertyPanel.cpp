@@ -1,6 +1,8 @@
 #include "PropertyPanel.h"
 #include "Strings.h"
+#include <QApplication>
 #include <QCheckBox>
+#include <QKeyEvent>
 #include <QColorDialog>
 #include <QComboBox>
 #include <QDoubleSpinBox>
@@ -107,6 +109,9 @@ PropertyPanel::PropertyPanel(QWidget *parent) : QWidget(parent)
         s->setSuffix(QString::fromUtf8(kinds[i].suffix));
         s->setKeyboardTracking(false);
         s->setObjectName(QStringLiteral("placement%1").arg(i));
+        s->installEventFilter(this);
+        for (QWidget *child : s->findChildren<QWidget *>())
+            child->installEventFilter(this);
         connect(s, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this, [this, i](double value) {
             if (!m_showing)
                 emit placementEdited(i, value);
@@ -193,6 +198,9 @@ void PropertyPanel::rebuild()
         if (!w)
             continue;
         w->setObjectName(id);
+        w->installEventFilter(this);
+        for (QWidget *child : w->findChildren<QWidget *>())
+            child->installEventFilter(this);
         auto *label = new QLabel(Strings::label(item.value(QStringLiteral("label")).toString()), this);
         label->setBuddy(w);
         m_form->addRow(label, w);
@@ -342,9 +350,40 @@ void PropertyPanel::refreshValues()
     }
 }
 
+void PropertyPanel::commitEditing()
+{
+    // Whatever field holds typed text not yet taken: only one can, the one being typed in.
+    for (auto it = m_editors.cbegin(); it != m_editors.cend(); ++it) {
+        if (auto *e = qobject_cast<QLineEdit *>(it.value())) {
+            if (e->isModified()) {
+                e->setModified(false);
+                emit edited(it.key(), e->text());
+            }
+        } else if (auto *s = qobject_cast<QAbstractSpinBox *>(it.value())) {
+            s->interpretText(); // a changed value is emitted as an edit
+        }
+    }
+    for (QDoubleSpinBox *s : m_place)
+        s->interpretText();
+}
+
+bool PropertyPanel::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        auto *k = static_cast<QKeyEvent *>(event);
+        // Left unaccepted, the key goes on to the window's Undo and Redo.
+        if (k->matches(QKeySequence::Undo) || k->matches(QKeySequence::Redo))
+            return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
 void PropertyPanel::applyMessage(const QByteArray &json)
 {
     const QJsonObject root = QJsonDocument::fromJson(json).object();
+    const QString notice = root.value(QStringLiteral("notice")).toString();
+    if (!notice.isEmpty())
+        emit this->notice(Strings::text(notice).arg(CSVGBase::maxTextLength()));
     for (const QJsonValue &v : root.value(QStringLiteral("settings")).toArray()) {
         const QJsonObject o = v.toObject();
         showValue(o.value(QStringLiteral("id")).toString(), o.value(QStringLiteral("value")));

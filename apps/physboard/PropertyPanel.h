@@ -51,11 +51,19 @@ public:
     enum PlacementField { PlaceX = 0, PlaceY, PlaceRotation, PlaceScale, PlaceCount };
     void refreshPlacement();
     void retranslate();
+    // A value still being typed in a field that has the focus is made an edit now.
+    void commitEditing();
 
 signals:
     // A value the user set, as the apparatus reads it back.
     void edited(const QString &id, const QString &value);
     void placementEdited(int field, double value);
+    // The apparatus did not take a value as given (a text cut to length, say).
+    void notice(const QString &text);
+
+protected:
+    // Undo and redo reach the page, not the field's own typing history.
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     QWidget *makeEditor(const QJsonObject &item);

@@ -42,6 +42,88 @@ void Recorder::setShadow(const QByteArray &page)
     GetFramework()->mute(false);
 }
 
+namespace {
+constexpr quint32 kMagic = 0x50485245; // "PHRE"
+constexpr quint16 kVersion = 1;
+} // namespace
+
+void Recorder::clear()
+{
+    cancel();
+    m_recording = false;
+    m_entries.clear();
+    m_start.clear();
+    clearShadow();
+}
+
+QByteArray Recorder::save() const
+{
+    if (!hasRecording())
+        return QByteArray();
+    QByteArray b;
+    QDataStream out(&b, QIODevice::WriteOnly);
+    out.setVersion(QDataStream::Qt_5_15);
+    out << kMagic << kVersion << m_start << quint32(m_entries.size());
+    for (const Entry &e : m_entries)
+        out << quint8(e.kind) << qint32(e.object) << qint32(e.actionId) << e.data;
+    return b;
+}
+
+bool Recorder::parse(const QByteArray &bytes, QByteArray *start, QVector<Entry> *entries)
+{
+    QDataStream in(bytes);
+    in.setVersion(QDataStream::Qt_5_15);
+    quint32 magic = 0, n = 0;
+    quint16 version = 0;
+    in >> magic >> version >> *start >> n;
+    // Each entry takes at least 13 bytes: a damaged count must not become an allocation.
+    if (in.status() != QDataStream::Ok || magic != kMagic || version != kVersion || qint64(n) * 13 > bytes.size())
+        return false;
+    // The start must be a page that opens.
+    QList<CWBPhysicalObject *> objs;
+    GetFramework()->mute(true);
+    const bool startOk = BoardPage::deserialize(*start, &objs, nullptr);
+    GetFramework()->mute(false);
+    for (CWBPhysicalObject *o : objs)
+        o->Release();
+    if (!startOk)
+        return false;
+    for (quint32 i = 0; i < n; ++i) {
+        quint8 kind = 0;
+        qint32 object = -1, action = 0;
+        Entry e;
+        in >> kind >> object >> action >> e.data;
+        if (in.status() != QDataStream::Ok || kind > Entry::KeyFrame || object < -1 || object >= BoardPage::kMaxObjects)
+            return false;
+        e.kind = Entry::Kind(kind);
+        e.object = object;
+        e.actionId = action;
+        entries->append(e);
+    }
+    return in.atEnd();
+}
+
+bool Recorder::valid(const QByteArray &bytes)
+{
+    QByteArray start;
+    QVector<Entry> entries;
+    return bytes.isEmpty() || parse(bytes, &start, &entries);
+}
+
+bool Recorder::load(const QByteArray &bytes)
+{
+    clear();
+    if (bytes.isEmpty())
+        return true;
+    QByteArray start;
+    QVector<Entry> entries;
+    if (!parse(bytes, &start, &entries))
+        return false;
+    m_start = start;
+    m_entries = entries;
+    return true;
+}
+
 void Recorder::start()
 {
     cancel();

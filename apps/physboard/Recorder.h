@@ -32,6 +32,14 @@ public:
 
     void start();
     void stop();
+    // Forgets the recording.
+    void clear();
+
+    // The recording as a page keeps it (empty when there is none), and back. load takes
+    // only a whole, sound recording; anything else leaves the recorder empty.
+    QByteArray save() const;
+    bool load(const QByteArray &bytes);
+    static bool valid(const QByteArray &bytes);
     // After every finished change of the page while recording.
     void noteChange();
 
@@ -47,6 +55,7 @@ signals:
     void finished();
 
 private:
+    static bool parse(const QByteArray &bytes, QByteArray *start, QVector<Entry> *entries);
     void setShadow(const QByteArray &page);
     void clearShadow();
 

@@ -161,7 +161,7 @@ QByteArray oneObjectBody(qint32 type, const QByteArray &state)
     QByteArray body;
     QDataStream out(&body, QIODevice::WriteOnly);
     out.setVersion(QDataStream::Qt_5_15);
-    out << quint32(1) << type << QPointF(10, 10) << 0.0 << 1.0 << 1.0 << state;
+    out << quint32(1) << type << QPointF(10, 10) << 0.0 << 1.0 << 1.0 << state << QByteArray();
     return body;
 }
 
@@ -487,6 +487,43 @@ private slots:
         QCOMPARE(hooks->currentIndex(), 1);
     }
 
+    // A range choice and a typed reading are steps like any other edit, and Ctrl+Z in a
+    // field still being typed in first makes the typed value an edit, then undoes it.
+    void everyPanelEditIsOneStepEvenWhileTyping()
+    {
+        CWBPhysicalObject *meter = w->place(403, QPointF(300, 250));
+        const int placed = stack()->count();
+        const QString atRest = docOf(meter);
+        auto *range = qobject_cast<QComboBox *>(w->panel()->editor(QStringLiteral("idMeterGrade")));
+        QVERIFY(range);
+        range->setCurrentIndex(1);
+        QCOMPARE(stack()->count(), placed + 1);
+        qobject_cast<QDoubleSpinBox *>(w->panel()->editor(QStringLiteral("idMeterValue")))->setValue(1.5);
+        QCOMPARE(stack()->count(), placed + 2);
+        QCOMPARE(settingValue(meter, QStringLiteral("idMeterValue")), QStringLiteral("1.50"));
+        QTest::keyClick(w, Qt::Key_Z, Qt::ControlModifier);
+        QTest::keyClick(w, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(w->page()->objects(), QList<CWBPhysicalObject *>{meter}); // the meter is still there
+        QCOMPARE(settingValue(meter, QStringLiteral("idMeterGrade")), QStringLiteral("0"));
+        QCOMPARE(docOf(meter), atRest);
+
+        CWBPhysicalObject *ruler = w->place(109, QPointF(300, 500));
+        const QString before = docOf(ruler);
+        const int steps = stack()->count();
+        auto *len = qobject_cast<QSpinBox *>(w->panel()->editor(QStringLiteral("idPosValue")));
+        len->setFocus();
+        len->selectAll();
+        QTest::keyClicks(len, QStringLiteral("60")); // typed, no Enter yet
+        QCOMPARE(docOf(ruler), before);
+        QTest::keyClick(len, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(stack()->count(), steps + 1); // the typed value became a step
+        QCOMPARE(stack()->index(), steps);     // and was undone
+        QCOMPARE(docOf(ruler), before);
+        QCOMPARE(len->value(), 14);
+        QTest::keyClick(len, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(settingValue(ruler, QStringLiteral("idPosValue")), QStringLiteral("60"));
+    }
+
     void panelOffersEveryKindOfItemAndRebuildsWhenAsked()
     {
         auto *probe = new ProbeObject;
@@ -627,7 +664,17 @@ private slots:
         wedge->setScale(1.25);
         w->place(107, QPointF(800, 250));
         w->place(501, QPointF(150, 400));
-        Q_UNUSED(ruler);
+        // A meter on its large range, with a reading past the scale.
+        CWBPhysicalObject *meter = w->place(404, QPointF(900, 450));
+        w->applyEdit(QStringLiteral("idMeterGrade"), QStringLiteral("1"));
+        w->applyEdit(QStringLiteral("idMeterValue"), QStringLiteral("20"));
+        // And a recording, which belongs to the page.
+        w->startRecording();
+        w->view()->select(ruler);
+        w->applyEdit(QStringLiteral("idScaleColor"), QStringLiteral("#00aa00"));
+        w->stopRecording();
+        QVERIFY(w->isModified());
+        const QByteArray meterRecord = meter->content()->record();
         struct Seen {
             int type;
             ItemPlacement at;
@@ -654,10 +701,20 @@ private slots:
         }
         QCOMPARE(stack()->count(), 0);
         QCOMPARE(w->currentFile(), path);
+        QVERIFY(!w->isModified());
+        CWBPhysicalObject *meterBack = after[before.size() - 1];
+        QCOMPARE(meterBack->typeId(), 404);
+        QCOMPARE(settingValue(meterBack, QStringLiteral("idMeterGrade")), QStringLiteral("1"));
+        QCOMPARE(meterBack->content()->record(), meterRecord);
+        QVERIFY(w->recorder()->hasRecording());
+        QVERIFY(w->playBack(0));
+        QCOMPARE(settingValue(w->page()->objects().first(), QStringLiteral("idScaleColor")), QStringLiteral("#00aa00"));
+        QVERIFY2(w->openPage(path), qPrintable(w->lastError()));
+        const QList<CWBPhysicalObject *> reopened = w->page()->objects();
         // What was reopened edits like anything placed.
-        w->view()->select(after[0]);
+        w->view()->select(reopened[0]);
         qobject_cast<QSpinBox *>(w->panel()->editor(QStringLiteral("idPosValue")))->setValue(10);
-        QCOMPARE(settingValue(after[0], QStringLiteral("idPosValue")), QStringLiteral("10"));
+        QCOMPARE(settingValue(reopened[0], QStringLiteral("idPosValue")), QStringLiteral("10"));
     }
 
     // Whatever the library makes: placed, every handle dragged by the mouse as one step
@@ -712,10 +769,10 @@ private slots:
         QByteArray ruler, wedge;
         {
             CWBPhysicalObject *r = BoardPage::create(109);
-            ruler = ObjectStateCmd::stateOf(r);
+            ruler = r->content()->record();
             r->Release();
             CWBPhysicalObject *t = BoardPage::create(102);
-            wedge = ObjectStateCmd::stateOf(t);
+            wedge = t->content()->record();
             t->Release();
         }
         QTest::newRow("empty") << QByteArray() << "not a physics page";
@@ -736,7 +793,7 @@ private slots:
             QDataStream out(&huge, QIODevice::WriteOnly);
             out << quint32(0xFFFFFFF0);
         }
-        QTest::newRow("absurd count") << pageBytes(huge) << "damaged";
+        QTest::newRow("absurd count") << pageBytes(huge) << "at most 5000";
     }
 
     void damagedPageFilesLeaveThePageAlone()
@@ -774,7 +831,7 @@ private slots:
         QMap<int, QByteArray> states;
         for (int type : {109, 202, 102, 107, 501}) {
             CWBPhysicalObject *o = BoardPage::create(type);
-            states.insert(type, ObjectStateCmd::stateOf(o));
+            states.insert(type, o->content()->record());
             o->Release();
         }
         const double odd[] = {0, 1, -1, 0.5, 1e300, -1e300, qInf(), -qInf(), qQNaN(), 1e7, 359.9, 1e-9};
@@ -795,6 +852,7 @@ private slots:
                 out << qint32(rng.bounded(8) == 0 ? 99 + rng.bounded(3) : type) << QPointF(pick(), pick()) << pick()
                     << pick() << pick() << state;
             }
+            out << QByteArray(); // no recording
             QList<CWBPhysicalObject *> objs;
             QString error;
             if (BoardPage::deserialize(pageBytes(body), &objs, &error)) {
