@@ -126,8 +126,9 @@ quint64 fnv(const QByteArray &bytes, quint64 h = 14695981039346656037ull)
 
 void writeNodeState(QDataStream &out, const QSvgNodeState &n)
 {
-    out << n.flags << n.text << n.savedFill << n.savedStroke << quint32(n.attrs.size());
-    for (const QSvgNode::Attr &a : n.attrs) {
+    const QVector<QSvgNode::Attr> attrs = n.merged();
+    out << n.flags << n.text << n.savedFill << n.savedStroke << quint32(attrs.size());
+    for (const QSvgNode::Attr &a : attrs) {
         const bool number = a.value.isNull() && a.numberState == 1;
         out << a.name << quint8(number);
         if (number)

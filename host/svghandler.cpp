@@ -261,6 +261,7 @@ bool SvgHandler::readRoot(QSvgTinyDocument *doc)
     copyNamespaces(doc);
     if (!copyAttributes(m_xml.attributes(), doc))
         return false;
+    doc->squeezeAttributes();
     double w = parseLength(doc->attribute(QStringLiteral("width")));
     double h = parseLength(doc->attribute(QStringLiteral("height")));
     const QString sw = doc->styleProperty(QStringLiteral("width"));
@@ -309,6 +310,7 @@ bool SvgHandler::readChildren(QSvgNode *parent, int depth)
         copyNamespaces(node.get());
         if (!copyAttributes(m_xml.attributes(), node.get()))
             return false;
+        node->squeezeAttributes();
         QSvgNode *raw = node.get();
         parent->appendChild(std::move(node));
         if (!readChildren(raw, depth + 1))

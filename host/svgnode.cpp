@@ -263,10 +263,31 @@ void QSvgNode::set3DBack(bool on)
     }
 }
 
+const QString &QSvgNode::hostSavedPaint(bool stroke) const
+{
+    static const QString none;
+    if (!m_saved)
+        return none;
+    return stroke ? m_saved->stroke : m_saved->fill;
+}
+
 void QSvgNode::setHostSavedPaint(bool stroke, const QString &paint)
 {
-    (stroke ? m_savedStroke : m_savedFill) = paint;
+    if (!m_saved) {
+        if (paint.isNull())
+            return;
+        m_saved = std::make_unique<SavedPaint>();
+    }
+    (stroke ? m_saved->stroke : m_saved->fill) = paint;
+    if (m_saved->fill.isNull() && m_saved->stroke.isNull())
+        m_saved.reset();
     changed();
+}
+
+const std::vector<std::unique_ptr<QSvgNode>> &QSvgNode::children() const
+{
+    static const Children none;
+    return m_children ? *m_children : none;
 }
 
 void QSvgNode::setText(const QString &t)
@@ -302,17 +323,24 @@ std::unique_ptr<QSvgNode> QSvgNode::clone() const
     default: c.reset(new QSvgStructureNode(m_type, m_tag)); break;
     }
     c->m_tag = m_type == Doc ? QStringLiteral("g") : m_tag;
-    c->m_attrs = m_attrs;
+    // The copy shares what it was copied from and keeps its own changes apart: a series
+    // of generated nodes holds each template attribute once.
+    if (m_base.isEmpty()) {
+        c->m_base = m_attrs;
+    } else {
+        c->m_base = m_base;
+        c->m_attrs = m_attrs;
+    }
     c->m_style = m_style;
     c->m_text = m_text;
     c->m_visible = m_visible;
     c->m_strokeEnabled = m_strokeEnabled;
     c->m_fillEnabled = m_fillEnabled;
     c->m_3dBack = m_3dBack;
-    c->m_savedFill = m_savedFill;
-    c->m_savedStroke = m_savedStroke;
+    if (m_saved)
+        c->m_saved = std::make_unique<SavedPaint>(*m_saved);
     c->m_cloneSource = const_cast<QSvgNode *>(this);
-    for (const auto &child : m_children) {
+    for (const auto &child : children()) {
         auto cc = child->clone();
         cc->m_cloneSource = nullptr;
         c->appendChild(std::move(cc));
@@ -323,10 +351,11 @@ std::unique_ptr<QSvgNode> QSvgNode::clone() const
 QSvgNodeState QSvgNode::state() const
 {
     QSvgNodeState s;
+    s.base = m_base;
     s.attrs = m_attrs;
     s.text = m_text;
-    s.savedFill = m_savedFill;
-    s.savedStroke = m_savedStroke;
+    s.savedFill = hostSavedPaint(false);
+    s.savedStroke = hostSavedPaint(true);
     s.flags = quint8((m_visible ? QSvgNodeState::Visible : 0) | (m_strokeEnabled ? QSvgNodeState::StrokeEnabled : 0) |
                      (m_fillEnabled ? QSvgNodeState::FillEnabled : 0) | (m_3dBack ? QSvgNodeState::Back3D : 0));
     return s;
@@ -335,15 +364,17 @@ QSvgNodeState QSvgNode::state() const
 void QSvgNode::setState(const QSvgNodeState &s)
 {
     const QString oldId = nodeId();
-    const QVector<Attr> old = m_attrs;
+    const QVector<Attr> old = attributes();
+    m_base = s.base;
     m_attrs = s.attrs;
     m_style.clear();
-    for (const Attr &a : m_attrs)
-        if (sameName(a.name, kStyle))
-            m_style = parseStyle(a.text());
+    if (const Attr *style = findAttr(kStyle))
+        m_style = parseStyle(style->text());
     m_text = s.text;
-    m_savedFill = s.savedFill;
-    m_savedStroke = s.savedStroke;
+    if (s.savedFill.isNull() && s.savedStroke.isNull())
+        m_saved.reset();
+    else
+        m_saved = std::make_unique<SavedPaint>(SavedPaint{s.savedFill, s.savedStroke});
     m_visible = s.flags & QSvgNodeState::Visible;
     m_strokeEnabled = s.flags & QSvgNodeState::StrokeEnabled;
     m_fillEnabled = s.flags & QSvgNodeState::FillEnabled;
@@ -355,19 +386,28 @@ void QSvgNode::setState(const QSvgNodeState &s)
     // Whatever a kind caches from its attributes goes.
     for (const Attr &a : old)
         attributeChanged(a.name);
-    for (const Attr &a : m_attrs)
+    for (const Attr &a : attributes())
         attributeChanged(a.name);
     changed();
 }
+
+QVector<QSvgNode::Attr> QSvgNodeState::merged() const { return QSvgNode::mergeAttributes(base, attrs); }
 
 bool QSvgNodeState::operator==(const QSvgNodeState &o) const
 {
     if (flags != o.flags || text != o.text || text.isNull() != o.text.isNull() || savedFill != o.savedFill ||
         savedFill.isNull() != o.savedFill.isNull() || savedStroke != o.savedStroke ||
-        savedStroke.isNull() != o.savedStroke.isNull() || attrs.size() != o.attrs.size())
+        savedStroke.isNull() != o.savedStroke.isNull())
         return false;
-    for (int i = 0; i < attrs.size(); ++i) {
-        const QSvgNode::Attr &a = attrs[i], &b = o.attrs[i];
+    // The same storage is the same attributes.
+    if (base.constData() == o.base.constData() && attrs.constData() == o.attrs.constData() && base.size() == o.base.size() &&
+        attrs.size() == o.attrs.size())
+        return true;
+    const QVector<QSvgNode::Attr> mine = merged(), theirs = o.merged();
+    if (mine.size() != theirs.size())
+        return false;
+    for (int i = 0; i < mine.size(); ++i) {
+        const QSvgNode::Attr &a = mine[i], &b = theirs[i];
         if (a.name != b.name)
             return false;
         // Numbers kept as numbers compare bit for bit; texts as written.
@@ -382,24 +422,95 @@ bool QSvgNodeState::operator==(const QSvgNodeState &o) const
     return true;
 }
 
+// ---------------------------------------------------------------- attributes
+// A node's attributes are its base (shared with the node it was copied from, never
+// written through) overlaid by its own list: changed base attributes (or a removal
+// marker), then attributes the base does not have, in the order they came.
+
+QVector<QSvgNode::Attr> QSvgNode::mergeAttributes(const QVector<Attr> &base, const QVector<Attr> &own)
+{
+    if (base.isEmpty())
+        return own; // parsed nodes: all their own, and never a removal marker
+    auto findIn = [](const QVector<Attr> &list, const QString &name) -> const Attr * {
+        for (const Attr &a : list)
+            if (sameName(a.name, name))
+                return &a;
+        return nullptr;
+    };
+    QVector<Attr> out;
+    out.reserve(base.size() + own.size());
+    for (const Attr &b : base) {
+        const Attr *o = findIn(own, b.name);
+        if (!o)
+            out.append(b);
+        else if (!o->removed())
+            out.append(*o);
+    }
+    for (const Attr &o : own)
+        if (!o.removed() && !findIn(base, o.name))
+            out.append(o);
+    return out;
+}
+
+QVector<QSvgNode::Attr> QSvgNode::attributes() const { return mergeAttributes(m_base, m_attrs); }
+
+int QSvgNode::ownIndex(const QString &name) const
+{
+    const Attr *d = m_attrs.constData();
+    for (int i = 0, n = m_attrs.size(); i < n; ++i)
+        if (sameName(d[i].name, name))
+            return i;
+    return -1;
+}
+
+const QSvgNode::Attr *QSvgNode::baseAttr(const QString &name) const
+{
+    for (const Attr &a : m_base)
+        if (sameName(a.name, name))
+            return &a;
+    return nullptr;
+}
+
+const QSvgNode::Attr *QSvgNode::findAttr(const QString &name) const
+{
+    const int i = ownIndex(name);
+    if (i >= 0)
+        return m_attrs.at(i).removed() ? nullptr : &m_attrs.at(i);
+    return baseAttr(name);
+}
+
+QSvgNode::Attr &QSvgNode::ownEntry(const QString &name)
+{
+    const int i = ownIndex(name);
+    if (i >= 0) {
+        Attr &a = m_attrs[i];
+        if (a.removed())
+            a.numberState = 0;
+        return a;
+    }
+    const Attr *b = baseAttr(name);
+    // Grown one at a time: own lists stay short, and spare room in thousands of generated
+    // nodes adds up.
+    m_attrs.reserve(m_attrs.size() + 1);
+    m_attrs.append(Attr{b ? b->name : internName(name), QString()});
+    return m_attrs.last();
+}
+
+void QSvgNode::squeezeAttributes() { m_attrs.squeeze(); }
+
 bool QSvgNode::hasAttribute(const QString &name) const
 {
     if (m_type == Text && name == QLatin1String("value"))
         return true;
-    for (const Attr &a : m_attrs)
-        if (sameName(a.name, name))
-            return true;
-    return false;
+    return findAttr(name) != nullptr;
 }
 
 QString QSvgNode::attribute(const QString &name) const
 {
     if (m_type == Text && name == QLatin1String("value"))
         return m_text;
-    for (const Attr &a : m_attrs)
-        if (sameName(a.name, name))
-            return a.text();
-    return QString();
+    const Attr *a = findAttr(name);
+    return a ? a->text() : QString();
 }
 
 void QSvgNode::setAttribute(const QString &name, const QString &value)
@@ -410,27 +521,23 @@ void QSvgNode::setAttribute(const QString &name, const QString &value)
     }
     // A null text would read as "set as a number"; an empty one is what is meant.
     const QString text = value.isNull() ? QStringLiteral("") : value;
+    // The same text again changes nothing, and costs a shared node no copy of its own.
+    if (const Attr *now = findAttr(name))
+        if (!now->value.isNull() && now->value == text)
+            return;
     QString oldId;
     const bool isId = sameName(name, kId);
     if (isId)
         oldId = nodeId();
-    bool found = false;
-    for (Attr &a : m_attrs) {
-        if (sameName(a.name, name)) {
-            a.value = text;
-            a.numberState = 0;
-            found = true;
-            break;
-        }
-    }
-    if (!found)
-        m_attrs.append({internName(name), text});
+    Attr &a = ownEntry(name);
+    a.value = text;
+    a.numberState = 0;
     changed();
     if (sameName(name, kStyle))
-        m_style = parseStyle(value);
-    if (isId && oldId != value) {
+        m_style = parseStyle(text);
+    if (isId && oldId != text) {
         if (QSvgTinyDocument *doc = document())
-            doc->reindex(this, oldId, value);
+            doc->reindex(this, oldId, text);
     }
     attributeChanged(name);
 }
@@ -448,14 +555,21 @@ void QSvgNode::addParsedAttribute(const QString &name, const QString &value)
 
 void QSvgNode::removeAttribute(const QString &name)
 {
-    const QString oldId = name == kId ? nodeId() : QString();
-    for (int i = 0; i < m_attrs.size(); ++i) {
-        if (sameName(m_attrs[i].name, name)) {
-            m_attrs.remove(i);
-            break;
-        }
+    const int i = ownIndex(name);
+    const Attr *b = baseAttr(name);
+    if (i < 0 && !b)
+        return;
+    if (i >= 0 && m_attrs.at(i).removed())
+        return;
+    const QString oldId = sameName(name, kId) ? nodeId() : QString();
+    if (b) {
+        Attr &a = ownEntry(name);
+        a.value = QString();
+        a.numberState = 3; // the base has it: mark it gone
+    } else {
+        m_attrs.remove(i);
     }
-    if (name == kStyle)
+    if (sameName(name, kStyle))
         m_style.clear();
     if (!oldId.isEmpty())
         if (QSvgTinyDocument *doc = document())
@@ -466,21 +580,19 @@ void QSvgNode::removeAttribute(const QString &name)
 
 bool QSvgNode::findNumAttribute(const QString &name, double *value) const
 {
-    for (const Attr &a : m_attrs) {
-        if (sameName(a.name, name)) {
-            if (a.numberState == 0) {
-                const QChar *p = a.value.constData();
-                bool ok = readNumber(p, p + a.value.size(), a.number);
-                if (!ok)
-                    a.number = a.value.trimmed().toDouble(&ok); // NaN, Infinity
-                a.numberState = ok ? 1 : 2;
-            }
-            if (a.numberState == 1)
-                *value = a.number;
-            return true;
-        }
+    const Attr *a = findAttr(name);
+    if (!a)
+        return false;
+    if (a->numberState == 0) {
+        const QChar *p = a->value.constData();
+        bool ok = readNumber(p, p + a->value.size(), a->number);
+        if (!ok)
+            a->number = a->value.trimmed().toDouble(&ok); // NaN, Infinity
+        a->numberState = ok ? 1 : 2;
     }
-    return false;
+    if (a->numberState == 1)
+        *value = a->number;
+    return true;
 }
 
 double QSvgNode::numAttribute(const QString &name, double fallback) const
@@ -493,29 +605,20 @@ double QSvgNode::numAttribute(const QString &name, double fallback) const
 void QSvgNode::setNumAttribute(const QString &name, double value)
 {
     // Kept as the number itself: its text is made only when it is written.
-    for (Attr &a : m_attrs) {
-        if (sameName(a.name, name)) {
-            if (a.numberState == 1 && a.value.isNull() && (a.number == value || (std::isnan(a.number) && std::isnan(value))) &&
-                std::signbit(a.number) == std::signbit(value))
-                return;
-            if (sameName(name, kId) || sameName(name, kStyle))
-                break; // these keep their side effects: go the long way
-            a.value = QString();
-            a.number = value;
-            a.numberState = 1;
-            changed();
-            attributeChanged(name);
-            return;
-        }
-    }
+    const Attr *now = findAttr(name);
+    if (now && now->numberState == 1 && now->value.isNull() &&
+        (now->number == value || (std::isnan(now->number) && std::isnan(value))) &&
+        std::signbit(now->number) == std::signbit(value))
+        return;
+    // These keep their side effects: they go the long way.
     if (sameName(name, kId) || sameName(name, kStyle) || (m_type == Text && name == QLatin1String("value"))) {
         setAttribute(name, SvgNumbers::format(value));
         return;
     }
-    Attr a{internName(name), QString()};
+    Attr &a = ownEntry(name);
+    a.value = QString();
     a.number = value;
     a.numberState = 1;
-    m_attrs.append(a);
     changed();
     attributeChanged(name);
 }
@@ -525,10 +628,8 @@ QString QSvgNode::styleProperty(const QString &name) const
     for (const Attr &a : m_style)
         if (sameName(a.name, name))
             return a.value;
-    for (const Attr &a : m_attrs)
-        if (sameName(a.name, name))
-            return a.value;
-    return QString();
+    const Attr *a = findAttr(name);
+    return a ? a->text() : QString();
 }
 
 void QSvgNode::setStyleProperty(const QString &name, const QString &value)
@@ -543,13 +644,19 @@ void QSvgNode::setStyleProperty(const QString &name, const QString &value)
     setAttribute(name, value);
 }
 
+// A colour the node already has, however its text spells it, is no change: a series of
+// generated nodes then keeps sharing its template's text instead of a copy each.
 void QSvgNode::setFillColor(const QColor &c)
 {
+    if (c.isValid() && fillColor() == c)
+        return;
     setStyleProperty(QStringLiteral("fill"), c.name());
 }
 
 void QSvgNode::setStrokeColor(const QColor &c)
 {
+    if (c.isValid() && strokeColor() == c)
+        return;
     setStyleProperty(QStringLiteral("stroke"), c.name());
 }
 
@@ -578,13 +685,7 @@ void QSvgNode::attributeChanged(const QString &name)
     }
 }
 
-bool QSvgNode::hasRotation() const
-{
-    for (const Attr &a : m_attrs)
-        if (a.name == kRotateAngle)
-            return true;
-    return false;
-}
+bool QSvgNode::hasRotation() const { return findAttr(kRotateAngle) != nullptr; }
 
 QTransform QSvgNode::localTransform() const
 {
@@ -622,7 +723,7 @@ QRectF QSvgNode::transformedBounds() const
 {
     QRectF r;
     if (m_type == Group || m_type == Doc) {
-        for (const auto &c : m_children) {
+        for (const auto &c : children()) {
             if (!c->isVisible())
                 continue;
             const QRectF cb = c->transformedBounds();
@@ -648,7 +749,7 @@ QRectF QSvgNode::documentBounds() const
 
 void QSvgNode::appendChild(std::unique_ptr<QSvgNode> child)
 {
-    insertChild(int(m_children.size()), std::move(child));
+    insertChild(int(children().size()), std::move(child));
 }
 
 void QSvgNode::insertChild(int index, std::unique_ptr<QSvgNode> child)
@@ -657,8 +758,10 @@ void QSvgNode::insertChild(int index, std::unique_ptr<QSvgNode> child)
         return;
     child->m_parent = this;
     QSvgNode *raw = child.get();
-    index = qBound(0, index, int(m_children.size()));
-    m_children.insert(m_children.begin() + index, std::move(child));
+    if (!m_children)
+        m_children = std::make_unique<Children>();
+    index = qBound(0, index, int(m_children->size()));
+    m_children->insert(m_children->begin() + index, std::move(child));
     if (QSvgTinyDocument *doc = document()) {
         doc->indexSubtree(raw);
         doc->bumpRevision();
@@ -674,16 +777,19 @@ std::unique_ptr<QSvgNode> QSvgNode::takeChild(QSvgNode *child)
         doc->unindexSubtree(child);
         doc->bumpRevision();
     }
-    std::unique_ptr<QSvgNode> out = std::move(m_children[size_t(i)]);
-    m_children.erase(m_children.begin() + i);
+    std::unique_ptr<QSvgNode> out = std::move((*m_children)[size_t(i)]);
+    m_children->erase(m_children->begin() + i);
+    if (m_children->empty())
+        m_children.reset();
     out->m_parent = nullptr;
     return out;
 }
 
 int QSvgNode::indexOf(const QSvgNode *child) const
 {
-    for (size_t i = 0; i < m_children.size(); ++i)
-        if (m_children[i].get() == child)
+    const Children &kids = children();
+    for (size_t i = 0; i < kids.size(); ++i)
+        if (kids[i].get() == child)
             return int(i);
     return -1;
 }

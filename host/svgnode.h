@@ -35,8 +35,8 @@ struct QSvgNodeState;
 class HOST_EXPORT QSvgNode
 {
 public:
-    enum Type { Doc, Group, Rect, Line, Path, Polygon, Polyline, Ellipse, Circle, Text,
-                Defs, LinearGradient, Stop, Other };
+    enum Type : quint8 { Doc, Group, Rect, Line, Path, Polygon, Polyline, Ellipse, Circle, Text,
+                         Defs, LinearGradient, Stop, Other };
 
     struct Attr {
         QString name;   // one shared string per name (names are interned)
@@ -46,8 +46,9 @@ public:
         // The value read as a number, kept until the value changes: drags read the
         // same attributes many times between writes.
         mutable double number = 0;
-        mutable signed char numberState = 0; // 0 not read yet, 1 a number, 2 none
+        mutable signed char numberState = 0; // 0 not read yet, 1 a number, 2 none, 3 removed
         QString text() const;
+        bool removed() const { return numberState == 3; }
     };
 
     QSvgNode(Type type, const QString &tag);
@@ -83,7 +84,11 @@ public:
     // One look-up for "is it there, and what number is it": false when absent.
     bool findNumAttribute(const QString &name, double *value) const;
     void setNumAttribute(const QString &name, double value);
-    const QVector<Attr> &attributes() const { return m_attrs; }
+    // Every attribute, in the order it is written.
+    QVector<Attr> attributes() const;
+    static QVector<Attr> mergeAttributes(const QVector<Attr> &base, const QVector<Attr> &own);
+    // After parsing: no spare room for attributes that will never come.
+    void squeezeAttributes();
     // Presentation properties: the style attribute wins over a plain attribute.
     QString styleProperty(const QString &name) const;
     void setStyleProperty(const QString &name, const QString &value);
@@ -99,7 +104,7 @@ public:
     bool is3DBack() const { return m_3dBack; }
     // The paint a host colour replaced, kept so that clearing the colour restores it:
     // null when the node is not recoloured, empty when it had no paint of its own.
-    const QString &hostSavedPaint(bool stroke) const { return stroke ? m_savedStroke : m_savedFill; }
+    const QString &hostSavedPaint(bool stroke) const;
     void setHostSavedPaint(bool stroke, const QString &paint);
     void set3DBack(bool on);
 
@@ -127,7 +132,7 @@ public:
 
     // --- tree -------------------------------------------------------------
     QSvgNode *parent() const { return m_parent; }
-    const std::vector<std::unique_ptr<QSvgNode>> &children() const { return m_children; }
+    const std::vector<std::unique_ptr<QSvgNode>> &children() const;
     QSvgTinyDocument *document() const;
     void appendChild(std::unique_ptr<QSvgNode> child);
     void insertChild(int index, std::unique_ptr<QSvgNode> child);
@@ -148,27 +153,41 @@ protected:
 
 private:
     friend class QSvgTinyDocument;
+    // Laid out small: a long ruler holds hundreds of nodes, and a page thousands of those.
     Type m_type;
-    QString m_tag;
-    QVector<Attr> m_attrs;
-    QVector<Attr> m_style;
-    QString m_text;
     bool m_visible = true;
     bool m_strokeEnabled = true;
     bool m_fillEnabled = true;
     bool m_3dBack = false;
-    QString m_savedFill, m_savedStroke;
+    mutable bool m_transformValid = false;
+    QString m_tag;
+    QVector<Attr> m_attrs;
+    QVector<Attr> m_style;
+    QString m_text;
+    struct SavedPaint {
+        QString fill, stroke;
+    };
+    std::unique_ptr<SavedPaint> m_saved;  // only on nodes a host colour has painted
+    // Attributes: the base shared with the node this one was copied from, and its own
+    // changes over it (see mergeAttributes).
+    int ownIndex(const QString &name) const;
+    const Attr *baseAttr(const QString &name) const;
+    const Attr *findAttr(const QString &name) const;
+    Attr &ownEntry(const QString &name);
+    QVector<Attr> m_base;
     QSvgNode *m_parent = nullptr;
     QSvgNode *m_cloneSource = nullptr;
-    std::vector<std::unique_ptr<QSvgNode>> m_children;
-    mutable bool m_transformValid = false;
+    using Children = std::vector<std::unique_ptr<QSvgNode>>;
+    std::unique_ptr<Children> m_children;  // only on nodes that have some
     // Kept only when the node has a transform at all: most nodes have none.
     mutable std::unique_ptr<QTransform> m_transform;
 };
 
 struct HOST_EXPORT QSvgNodeState {
     enum Flag : quint8 { Visible = 1, StrokeEnabled = 2, FillEnabled = 4, Back3D = 8 };
+    QVector<QSvgNode::Attr> base;   // as the node holds them: shared, and its own over them
     QVector<QSvgNode::Attr> attrs;
+    QVector<QSvgNode::Attr> merged() const;
     QString text;
     QString savedFill, savedStroke;
     quint8 flags = Visible | StrokeEnabled | FillEnabled;

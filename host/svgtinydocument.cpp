@@ -128,6 +128,7 @@ void walk(const QSvgNode *n, int depth, F f)
 qint64 SvgDocumentState::cost() const
 {
     qint64 bytes = qint64(sizeof(*this)) + tags.size() * qint64(sizeof(QString) + sizeof(int));
+    // Only a node's own attributes: its base is shared with the drawing itself.
     for (const QSvgNodeState &n : nodes) {
         bytes += qint64(sizeof(QSvgNodeState)) + n.attrs.size() * qint64(sizeof(QSvgNode::Attr)) + 2 * n.text.size();
         for (const QSvgNode::Attr &a : n.attrs)
