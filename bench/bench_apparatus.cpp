@@ -1,5 +1,4 @@
 // Figures for the README: creation, one drag update, save+load.
-#include <QGuiApplication>
 #include <benchmark/benchmark.h>
 #include <physicalobject/physicalobject.h>
 #include <svgbase.h>
@@ -46,13 +45,3 @@ static void BM_StickSaveLoad(benchmark::State &state)
     o->Release();
 }
 BENCHMARK(BM_StickSaveLoad);
-
-int main(int argc, char **argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

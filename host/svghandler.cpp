@@ -32,8 +32,24 @@ int skipPast(const QByteArray &in, int i, const char *what)
 
 // An attribute value as XML reads it: references resolved, white space made spaces.
 // False for what XML refuses (a '<', an unknown or broken reference).
+// UTF-8 bytes as text; most names and values are plain ASCII, read faster as such.
+QString textOf(const char *p, int n)
+{
+    for (int i = 0; i < n; ++i)
+        if (quint8(p[i]) >= 0x80)
+            return QString::fromUtf8(p, n);
+    return QString::fromLatin1(p, n);
+}
+
 bool attributeValue(const char *p, int n, QString &out)
 {
+    bool plain = true;
+    for (int i = 0; i < n && plain; ++i)
+        plain = p[i] != '&' && p[i] != '<' && p[i] != '\r' && p[i] != '\n' && p[i] != '\t';
+    if (plain) {
+        out = textOf(p, n);
+        return true;
+    }
     QByteArray v;
     v.reserve(n);
     for (int i = 0; i < n; ++i) {
@@ -172,7 +188,7 @@ QByteArray splitWideTags(const QByteArray &in, const QByteArray &marker, QVector
                 QVector<QPair<QString, QString>> rest;
                 rest.reserve(attrs.size() - kWide);
                 for (int k = kWide; k < attrs.size(); ++k) {
-                    const QString name = QString::fromUtf8(d + attrs[k].name, attrs[k].nameEnd - attrs[k].name);
+                    const QString name = textOf(d + attrs[k].name, attrs[k].nameEnd - attrs[k].name);
                     QString value;
                     if (!SvgXml::isName(name) || !attributeValue(d + attrs[k].value, attrs[k].valueEnd - attrs[k].value, value)) {
                         error = QStringLiteral("malformed attribute '%1'").arg(name.left(64));
@@ -371,6 +387,7 @@ bool SvgHandler::copyAttributes(const QXmlStreamAttributes &attrs, QSvgNode *nod
             if (k < 0 || k >= m_side.size())
                 continue;
             QSet<QString> seen;
+            seen.reserve(attrs.size() + m_side[k].size());
             for (const QXmlStreamAttribute &b : attrs)
                 seen.insert(b.qualifiedName().toString());
             for (const auto &pair : qAsConst(m_side[k])) {
@@ -380,6 +397,8 @@ bool SvgHandler::copyAttributes(const QXmlStreamAttributes &attrs, QSvgNode *nod
                     m_error = QStringLiteral("attribute '%1' redefined").arg(pair.first.left(64));
                     return false;
                 }
+            }
+            for (const auto &pair : qAsConst(m_side[k])) {
                 display = display || pair.first == QLatin1String("display") || pair.first == QLatin1String("style");
                 node->addParsedAttribute(pair.first, pair.second);
             }
