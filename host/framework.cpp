@@ -39,7 +39,7 @@ void CFramework::keepUndoBudget()
     // Oldest first: they give up their states, which makes them no-ops that the stack
     // drops when undo reaches them.
     const int n = qMin(m_undo.count() - kUndoMinSteps, m_undo.index());
-    for (int i = 0; i < n && m_undoCost > kUndoBudget; ++i) {
+    for (int i = 0; i < n && m_undoCost > m_undoBudget; ++i) {
         auto *cmd = const_cast<QUndoCommand *>(m_undo.command(i));
         if (auto *s = dynamic_cast<CSVGStateUndo *>(cmd))
             s->release();

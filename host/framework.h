@@ -49,6 +49,7 @@ public:
     static constexpr qint64 kUndoBudget = qint64(64) << 20;
     // Pushes a step and keeps the history within its budget.
     void pushUndo(QUndoCommand *cmd);
+    void setUndoBudget(qint64 bytes) { m_undoBudget = bytes; }
     // The bytes of saved state a step holds; steps that hold state report it here.
     void setUndoCost(const QUndoCommand *cmd, qint64 bytes);
     qint64 undoCost() const { return m_undoCost; }
@@ -75,6 +76,7 @@ private:
     // Before the stack: its steps unregister their cost as the stack deletes them.
     QHash<const QUndoCommand *, qint64> m_undoCosts;
     qint64 m_undoCost = 0;
+    qint64 m_undoBudget = kUndoBudget;
     QUndoStack m_undo;
     ObjectFactory m_factory;
     QVector<PlaybackRecord> m_records;

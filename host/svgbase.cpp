@@ -828,36 +828,39 @@ qint64 SvgUndoState::cost() const
     return qint64(sizeof(*this)) + record.size() + (drawing ? drawing->cost() : 0);
 }
 
-SvgUndoState CSVGBase::undoState()
+std::shared_ptr<const SvgUndoState> CSVGBase::undoState()
 {
     const QByteArray r = record();
     const quint64 revision = m_pDocument ? m_pDocument->revision() : 0;
-    if (!m_lastUndo || m_lastUndo->record != r || m_lastUndoRevision != revision) {
-        auto s = std::make_shared<SvgUndoState>();
-        s->record = r;
-        if (m_pDocument)
-            s->drawing = std::make_shared<const SvgDocumentState>(m_pDocument->capture());
-        m_lastUndo = s;
-        m_lastUndoRevision = revision;
-    }
-    SvgUndoState s = *m_lastUndo;
-    s.itemPos = m_pOwner ? m_pOwner->pos() : QPointF();
+    const QPointF pos = m_pOwner ? m_pOwner->pos() : QPointF();
+    if (std::shared_ptr<const SvgUndoState> last = m_lastUndo.lock())
+        if (last->record == r && m_lastUndoRevision == revision && last->itemPos.x() == pos.x() && last->itemPos.y() == pos.y())
+            return last;
+    auto s = std::make_shared<SvgUndoState>();
+    s->record = r;
+    if (m_pDocument)
+        s->drawing = std::make_shared<const SvgDocumentState>(m_pDocument->capture());
+    s->itemPos = pos;
+    m_lastUndo = s;
+    m_lastUndoRevision = revision;
     return s;
 }
 
-void CSVGBase::restoreUndoState(const SvgUndoState &state)
+void CSVGBase::restoreUndoState(const std::shared_ptr<const SvgUndoState> &state)
 {
-    restoreRecord(state.record);
-    if (m_pDocument && state.drawing) {
-        m_pDocument->restore(*state.drawing);
+    if (!state)
+        return;
+    restoreRecord(state->record);
+    if (m_pDocument && state->drawing) {
+        m_pDocument->restore(*state->drawing);
         findControlNodes();
     }
     if (m_pOwner) {
-        m_pOwner->setPos(state.itemPos);
+        m_pOwner->setPos(state->itemPos);
         m_pOwner->update();
     }
     // The state as restored is the state now: the next step can share it.
-    m_lastUndo = std::make_shared<SvgUndoState>(state);
+    m_lastUndo = state;
     m_lastUndoRevision = m_pDocument ? m_pDocument->revision() : 0;
 }
 
@@ -880,7 +883,7 @@ void CSVGBase::setMaxTextLength(int n) { gMaxText = qMax(1, n); }
 void CSVGBase::beginEdit()
 {
     m_edit = std::make_unique<Edit>();
-    m_edit->before = std::make_shared<SvgUndoState>(undoState());
+    m_edit->before = undoState();
 }
 
 bool CSVGBase::commitEdit(const QString &text)
@@ -888,7 +891,7 @@ bool CSVGBase::commitEdit(const QString &text)
     std::unique_ptr<Edit> e = std::move(m_edit);
     if (!e)
         return false;
-    auto after = std::make_shared<SvgUndoState>(undoState());
+    const std::shared_ptr<const SvgUndoState> after = undoState();
     if (after->record == e->before->record)
         return false; // nothing changed: no step, no record
     GetFramework()->pushUndo(new CSVGEditCmd(this, e->before, after, text, std::move(e->commands)));

@@ -188,8 +188,9 @@ public:
     // Whether a state was captured (2804) that a restore (2805) could put back.
     bool hasCapture() const { return m_bCaptured; }
     // What an undo step needs to put the object back exactly as it is now.
-    SvgUndoState undoState();
-    void restoreUndoState(const SvgUndoState &state);
+    // Neighbouring steps share one state; none is kept once no step holds it.
+    std::shared_ptr<const SvgUndoState> undoState();
+    void restoreUndoState(const std::shared_ptr<const SvgUndoState> &state);
 
     // --- the edit path -------------------------------------------------------
     // Every change a user makes goes through here: panel values, attributes, a restore,
@@ -309,7 +310,7 @@ private:
     quint64 m_patchRevision = 0;
     QByteArray m_patch;
     // The undo state of the last request, valid while record and drawing are as then.
-    std::shared_ptr<SvgUndoState> m_lastUndo;
+    std::weak_ptr<const SvgUndoState> m_lastUndo;
     quint64 m_lastUndoRevision = 0;
     std::unique_ptr<Edit> m_edit;
     int m_dragHandle = -1;

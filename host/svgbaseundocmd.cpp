@@ -41,9 +41,9 @@ void CSVGStateUndo::undo()
     if (!t || m_released)
         return;
     if (!m_after) // a step pushed as it was made learns its after state now
-        setStates(m_before, std::make_shared<SvgUndoState>(t->undoState()));
+        setStates(m_before, t->undoState());
     if (m_before)
-        t->restoreUndoState(*m_before);
+        t->restoreUndoState(m_before);
 }
 
 void CSVGStateUndo::redo()
@@ -55,13 +55,13 @@ void CSVGStateUndo::redo()
     }
     CSVGBase *t = targetObject();
     if (t && m_after && !m_released)
-        t->restoreUndoState(*m_after);
+        t->restoreUndoState(m_after);
 }
 
 CSVGBaseUndoCmd::CSVGBaseUndoCmd(CSVGBase *target, int propId, QUndoCommand *parent, bool)
     : CSVGStateUndo(target,
                     // Inside an edit the edit's own step keeps the states.
-                    target && !target->editing() ? std::make_shared<SvgUndoState>(target->undoState()) : nullptr,
+                    target && !target->editing() ? target->undoState() : nullptr,
                     nullptr, parent),
       m_propId(propId)
 {
