@@ -197,6 +197,8 @@ QByteArray emptyPatchBytes(const QDataStream &like)
 
 } // namespace
 
+quint64 CSVGBase::streamChecksum(const QByteArray &bytesBefore) { return fnv(bytesBefore); }
+
 bool CSVGBase::refuseLoad(QDataStream *in, const QString &why)
 {
     if (in && in->status() == QDataStream::Ok)

@@ -170,6 +170,9 @@ public:
     QByteArray record();
     // Loads a record; all or nothing, like load.
     bool restoreRecord(const QByteArray &record);
+    // What the last field of a saved stream holds: the checksum of every byte before it.
+    // (Fuzzers use it to make mutated streams reach past the check.)
+    static quint64 streamChecksum(const QByteArray &bytesBefore);
     // While one exists, streams of the host's first format load too. That format does
     // not name the type, so only a reader that knows it (a page of that format) may.
     class HOST_EXPORT LegacyStreams

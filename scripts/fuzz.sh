@@ -13,22 +13,24 @@ done
 
 CC=clang CXX=clang++ cmake -S . -B "$BUILD_DIR" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DPHYS_FUZZ=ON \
   -DPHYS_TESTS=OFF -DPHYS_BENCH=OFF >/dev/null
-cmake --build "$BUILD_DIR" -j"$(nproc)" --target fuzz_stream fuzz_svg fuzz_panel physlab >/dev/null
+targets=(fuzz_stream fuzz_svg fuzz_panel fuzz_json fuzz_page)
+cmake --build "$BUILD_DIR" -j"$(nproc)" --target "${targets[@]}" physlab >/dev/null
 
 corpus="$BUILD_DIR/corpus"
-mkdir -p "$corpus/stream" "$corpus/svg" "$corpus/panel" "$BUILD_DIR/crashes"
-# Seeds: each type's saved stream after a drag of every handle, behind its table index.
+mkdir -p "$corpus/stream" "$corpus/svg" "$corpus/panel" "$corpus/json" "$corpus/page" "$BUILD_DIR/crashes"
+# Seeds: each type's saved stream (checksum to be kept) and JSON form behind its table
+# index, its drawing, and a page of several apparatus.
 index=0
 while read -r type; do
-  data=$(printf 'new %s --default-size\nsave\n' "$type" | "$BUILD_DIR/apps/physlab/physlab" run 2>/dev/null |
-    jq -r 'select(.data) | .data')
-  { printf "\\$(printf '%03o' "$index")"; printf '%s' "$data" | base64 -d; } >"$corpus/stream/type-$type"
-  printf 'new %s --default-size\nsvg\n' "$type" | "$BUILD_DIR/apps/physlab/physlab" run 2>/dev/null |
-    jq -r 'select(.svg) | .svg' >"$corpus/svg/type-$type.svg"
+  lab() { printf 'new %s --default-size\n%s\n' "$type" "$1" | "$BUILD_DIR/apps/physlab/physlab" run 2>/dev/null; }
+  { printf "\\$(printf '%03o' $((index | 128)))"; lab save | jq -r 'select(.data) | .data' | base64 -d; } >"$corpus/stream/type-$type"
+  { printf "\\$(printf '%03o' "$index")\\001"; lab savejson | jq -c 'select(.json) | .json'; } >"$corpus/json/type-$type"
+  lab svg | jq -r 'select(.svg) | .svg' >"$corpus/svg/type-$type.svg"
   index=$((index + 1))
 done < <("$BUILD_DIR/apps/physlab/physlab" list | jq -r '.type')
+FUZZ_WRITE_SEED="$corpus/page/several" "$BUILD_DIR/fuzz/fuzz_page" >/dev/null 2>&1 || true
 
-for target in fuzz_stream fuzz_svg fuzz_panel; do
+for target in "${targets[@]}"; do
   dir=${target#fuzz_}
   echo "fuzz: $target for ${SECONDS_EACH}s"
   "$BUILD_DIR/fuzz/$target" -max_total_time="$SECONDS_EACH" -max_len=65536 -rss_limit_mb=2048 \
