@@ -199,6 +199,40 @@ QByteArray emptyPatchBytes(const QDataStream &like)
 
 quint64 CSVGBase::streamChecksum(const QByteArray &bytesBefore) { return fnv(bytesBefore); }
 
+void CSVGBase::readPaintAndSize(QDataStream &in, HostPart &part)
+{
+    readColor(in, part.host);
+    readColor(in, part.lamp);
+    readColor(in, part.pen);
+    in >> part.penStyle >> part.penWidth;
+    readColor(in, part.fill);
+    in >> part.fillOn >> part.external >> part.itemSize;
+}
+
+// As many handle places as the apparatus has handles, each within the extent.
+bool CSVGBase::readHandles(QDataStream &in, HostPart &part, int count)
+{
+    quint32 n = 0;
+    if (!readCount(in, n, 16) || n != quint32(count))
+        return false;
+    for (quint32 i = 0; i < n; ++i) {
+        double x = 0, y = 0;
+        in >> x >> y;
+        if (!within(x, kMaxExtent) || !within(y, kMaxExtent))
+            in.setStatus(QDataStream::ReadCorruptData);
+        part.handles.append(QPointF(x, y));
+    }
+    return in.status() == QDataStream::Ok;
+}
+
+bool CSVGBase::sanePart(const HostPart &part)
+{
+    const QRectF &vb = part.viewBox;
+    return part.penStyle >= 0 && part.penStyle <= Qt::CustomDashLine && part.penWidth >= 0 && part.penWidth <= 1000 &&
+           sane(part.itemSize, kMaxSize) && finite(vb) && within(vb.x(), kMaxSize) && within(vb.y(), kMaxSize) &&
+           vb.width() >= 0 && vb.width() <= kMaxSize && vb.height() >= 0 && vb.height() <= kMaxSize;
+}
+
 bool CSVGBase::refuseLoad(QDataStream *in, const QString &why)
 {
     if (in && in->status() == QDataStream::Ok)
@@ -280,7 +314,7 @@ bool CSVGBase::readHostPart(QDataStream &in, HostPart &part)
 {
     QIODevice *dev = in.device();
     const qint64 hostStart = dev ? dev->pos() : -1;
-    quint32 magic = 0, own = 0, handles = 0;
+    quint32 magic = 0, own = 0;
     quint16 version = 0;
     qint32 type = 0;
     in >> magic >> version;
@@ -295,23 +329,9 @@ bool CSVGBase::readHostPart(QDataStream &in, HostPart &part)
         return refuseLoad(&in, QStringLiteral("cut short"));
     if (type != getSVGType())
         return refuseLoad(&in, QStringLiteral("an apparatus of type %1, not %2").arg(type).arg(getSVGType()));
-    readColor(in, part.host);
-    readColor(in, part.lamp);
-    readColor(in, part.pen);
-    in >> part.penStyle >> part.penWidth;
-    readColor(in, part.fill);
-    in >> part.fillOn >> part.external >> part.itemSize;
-    if (!readCount(in, handles, 16))
-        return refuseLoad(&in, QStringLiteral("cut short or damaged"));
-    if (handles != quint32(m_controlNodes.size()))
-        return refuseLoad(&in, QStringLiteral("has %1 handles, not %2").arg(handles).arg(m_controlNodes.size()));
-    for (quint32 i = 0; i < handles; ++i) {
-        double x = 0, y = 0;
-        in >> x >> y;
-        if (!within(x, kMaxExtent) || !within(y, kMaxExtent))
-            in.setStatus(QDataStream::ReadCorruptData);
-        part.handles.append(QPointF(x, y));
-    }
+    readPaintAndSize(in, part);
+    if (!readHandles(in, part, m_controlNodes.size()))
+        return refuseLoad(&in, QStringLiteral("cut short, damaged, or with other handles"));
     in >> part.viewBox >> part.docSize >> part.cachedBounds;
     QByteArray patch;
     in >> patch;
@@ -320,11 +340,7 @@ bool CSVGBase::readHostPart(QDataStream &in, HostPart &part)
     in >> sum;
     if (in.status() != QDataStream::Ok)
         return refuseLoad(&in, QStringLiteral("cut short or damaged"));
-    if (part.penStyle < 0 || part.penStyle > Qt::CustomDashLine || part.penWidth < 0 || part.penWidth > 1000 ||
-        !sane(part.itemSize, kMaxSize) || !finite(part.viewBox) || !sane(part.docSize, kMaxSize) ||
-        !finite(part.cachedBounds) || !within(part.viewBox.x(), kMaxSize) || !within(part.viewBox.y(), kMaxSize) ||
-        !(part.viewBox.width() >= 0 && part.viewBox.width() <= kMaxSize) ||
-        !(part.viewBox.height() >= 0 && part.viewBox.height() <= kMaxSize))
+    if (!sanePart(part) || !sane(part.docSize, kMaxSize) || !finite(part.cachedBounds))
         return refuseLoad(&in, QStringLiteral("damaged"));
     // The checksum covers the apparatus's own part too, read back from the device.
     if (dev && !dev->isSequential() && hostStart >= qint64(own)) {
@@ -359,29 +375,11 @@ CSVGBase::LegacyStreams::~LegacyStreams()
 // The first format: colours and pen, item size, view box, handle places.
 bool CSVGBase::readLegacyHostPart(QDataStream &in, HostPart &part)
 {
-    quint32 handles = 0;
     part.legacy = true;
-    readColor(in, part.host);
-    readColor(in, part.lamp);
-    readColor(in, part.pen);
-    in >> part.penStyle >> part.penWidth;
-    readColor(in, part.fill);
-    in >> part.fillOn >> part.external >> part.itemSize >> part.viewBox;
-    if (!readCount(in, handles, 16) || handles != quint32(m_controlNodes.size()))
+    readPaintAndSize(in, part);
+    in >> part.viewBox;
+    if (!readHandles(in, part, m_controlNodes.size()) || !sanePart(part) || part.viewBox.isEmpty())
         return refuseLoad(&in, QStringLiteral("cut short or damaged"));
-    for (quint32 i = 0; i < handles; ++i) {
-        double x = 0, y = 0;
-        in >> x >> y;
-        if (!within(x, kMaxExtent) || !within(y, kMaxExtent))
-            in.setStatus(QDataStream::ReadCorruptData);
-        part.handles.append(QPointF(x, y));
-    }
-    if (in.status() != QDataStream::Ok || part.penStyle < 0 || part.penStyle > Qt::CustomDashLine || part.penWidth < 0 ||
-        part.penWidth > 1000 || !sane(part.itemSize, kMaxSize) || !finite(part.viewBox) ||
-        !within(part.viewBox.x(), kMaxSize) || !within(part.viewBox.y(), kMaxSize) ||
-        !(part.viewBox.width() > 0 && part.viewBox.width() <= kMaxSize) ||
-        !(part.viewBox.height() > 0 && part.viewBox.height() <= kMaxSize))
-        return refuseLoad(&in, QStringLiteral("damaged"));
     return true;
 }
 

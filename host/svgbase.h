@@ -278,6 +278,9 @@ private:
     void applyHostColors();
     bool setHostColor(int id, QColor &slot, QDataStream &in, bool bRecord, bool bUndo);
     bool readLegacyHostPart(QDataStream &in, HostPart &part);
+    static void readPaintAndSize(QDataStream &in, HostPart &part);
+    static bool readHandles(QDataStream &in, HostPart &part, int count);
+    static bool sanePart(const HostPart &part);
     bool readPatch(const QByteArray &bytes, DrawingPatch &patch);
     void applyPatch(const DrawingPatch &patch);
     QByteArray drawingPatch(const QByteArray &bare);

@@ -826,6 +826,41 @@ private slots:
         QCOMPARE(w->page()->objects(), objs);
     }
 
+    // Pages saved before objects carried their type and checksum still open.
+    void aPageOfTheFirstFormatStillOpens()
+    {
+        QByteArray stick; // the host's first stream format: a stick with its handle dragged
+        {
+            QDataStream s(&stick, QIODevice::WriteOnly);
+            s.setVersion(QDataStream::Qt_5_15);
+            s << quint32(0x50485953) << quint16(1) << QColor() << QColor() << QColor(Qt::black) << qint32(Qt::SolidLine)
+              << qint32(1) << QColor() << qint32(0) << false << QSizeF(337, 13) << QRectF(0, 0, 337, 13) << quint32(1)
+              << 266.96 << 70.801;
+        }
+        QByteArray body;
+        {
+            QDataStream out(&body, QIODevice::WriteOnly);
+            out.setVersion(QDataStream::Qt_5_15);
+            out << quint32(1) << qint32(107) << QPointF(40, 50) << 0.0 << 1.0 << 1.0 << stick;
+        }
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("old.phb"));
+        QFile f(path);
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write(pageBytes(body, 1));
+        f.close();
+        QVERIFY2(w->openPage(path), qPrintable(w->lastError()));
+        CWBPhysicalObject *o = w->page()->objects().value(0);
+        QVERIFY(o);
+        QCOMPARE(o->content()->controlNodes().at(0)->rect().topLeft(), QPointF(266.96, 70.801));
+        QVERIFY(o->content()->document()->namedNode(QStringLiteral("bevel1"))->numAttribute(QStringLiteral("rotate_angle")) > 10);
+        // Its first format is for its own pages only: a lone stream of it is refused.
+        CWBPhysicalObject *fresh = BoardPage::create(107);
+        QDataStream in(stick);
+        QVERIFY(!fresh->content()->load(in));
+        fresh->Release();
+    }
+
     void oddPlacementsBehindAValidChecksumAreRefused()
     {
         // Whole states of real apparatus, placed with every kind of odd number.
