@@ -22,6 +22,17 @@ HOST_EXPORT QVector<double> parseList(const QChar *&p, const QChar *end = nullpt
 HOST_EXPORT QString join(const QVector<double> &v);
 }
 
+namespace SvgTree {
+// Calls f on the node and on every node below it, in document order.
+template <typename Node, typename F>
+void forEach(Node *n, F f)
+{
+    f(n);
+    for (const auto &c : n->children())
+        forEach(static_cast<Node *>(c.get()), f);
+}
+}
+
 namespace SvgXml {
 // The text with every character XML cannot carry (an unpaired surrogate, a control
 // character) replaced by U+FFFD, so that what is written always reads back.

@@ -1,0 +1,16 @@
+#pragma once
+// What the host's own files share about CSVGBase and no one else sees.
+#include "framework.h"
+#include "svgbase.h"
+#include <QUndoCommand>
+#include <memory>
+#include <vector>
+
+// An edit in progress: the state before it, and what the apparatus pushed and recorded
+// on the way, which the edit's one step and one record take in.
+struct CSVGBase::Edit {
+    std::shared_ptr<const SvgUndoState> before;
+    std::vector<std::unique_ptr<QUndoCommand>> commands;
+    QVector<PlaybackRecord> records;
+    bool drag = false;
+};
