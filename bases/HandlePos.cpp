@@ -61,9 +61,17 @@ bool target(CSVGBase &obj, const QMap<QString, QString> &values, int index, Axis
     if (it == values.cend() || !h)
         return false;
     bool ok = false;
-    double v = it.value().toInt(&ok);
-    if (!ok && reading == Integer)
-        return false;
+    double v = 0;
+    if (reading == Decimal) {
+        v = it.value().trimmed().toDouble(&ok);
+        if (!ok || !std::isfinite(v))
+            return false;
+        v = std::max(0.0, std::min(100.0, std::round(v)));
+    } else {
+        v = it.value().toInt(&ok);
+        if (!ok && reading == Integer)
+            return false;
+    }
     if (mirrored)
         v = 100 - v;
     const double lo = lowBound(obj, h, axis), hi = highBound(obj, h, axis);

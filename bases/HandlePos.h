@@ -29,6 +29,7 @@ void appendInput(CSVGBase &obj, QJsonArray &array, const QString &label, int p);
 enum Reading {
     Integer,     // an integer, taken as it is, past 0..100 too; other text is refused
     IntOrZero,   // as QString::toInt reads it: text that is no integer reads 0
+    Decimal,     // a decimal, rounded, held to 0..100; text that is no number is refused
 };
 // The place a panel "idPosValue" asks for: the value (taken from the other end when
 // mirrored) as a percentage of the handle's travel. False when the map has no such

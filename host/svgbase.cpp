@@ -603,6 +603,23 @@ const CSVGPropItem *CSVGBase::propItemByPropId(int propId) const
     return nullptr;
 }
 
+QVector<QPair<QString, QString>> CSVGBase::settingTexts()
+{
+    QJsonArray items;
+    GetSettingArray(items);
+    QVector<QPair<QString, QString>> out;
+    for (const QJsonValue &v : items) {
+        const QJsonObject o = v.toObject();
+        const QJsonValue value = o.value(QStringLiteral("value"));
+        // As the panel shows it: numbers and switches as text.
+        const QString text = value.isBool() ? (value.toBool() ? QStringLiteral("true") : QStringLiteral("false"))
+                             : value.isDouble() ? QString::number(value.toDouble())
+                                                : value.toString();
+        out.append({o.value(QStringLiteral("id")).toString(), text});
+    }
+    return out;
+}
+
 void CSVGBase::findControlNodes()
 {
     m_controlNodes.clear();
@@ -649,9 +666,19 @@ QPointF CSVGBase::moveControlPoint(QSvgNode *handle, QPointF delta, bool bFinal,
     applied.setY(qBound(-kMaxExtent, start.y() + applied.y(), kMaxExtent) - start.y());
     if (!CanMoveControlPoint(handle, applied))
         applied = QPointF();
+    const bool post = m_bPostChanged && !m_loading;
+    const QVector<QPair<QString, QString>> shown = post ? settingTexts() : QVector<QPair<QString, QString>>();
     if (applied.x() != 0 || applied.y() != 0)
         handle->translate(applied.x(), applied.y());
     const bool r = updateSVG(handle, applied, bFinal);
+    if (post) {
+        QVector<QPair<QString, QString>> changed;
+        for (const auto &now : settingTexts())
+            if (!shown.contains(now))
+                changed.append(now);
+        if (!changed.isEmpty())
+            postSettings(changed);
+    }
     if (handled)
         *handled = r;
     if (bFinal) {

@@ -256,6 +256,10 @@ protected:
     // Part's stream leaves out. Values read back are held to [lo, hi].
     void keepValue(const QString &key, int *value, int lo, int hi);
     void keepValue(const QString &key, double *value);
+    // After each step of a drag the host posts the panel values whose text the step
+    // changed, each once, in one message; a step that changes none posts nothing. For
+    // apparatus that leave what a drag posts to the host.
+    void setPostsChangedSettings(bool on) { m_bPostChanged = on; }
 
     CSVGObj *m_pOwner;
     QSvgTinyDocument *m_pDocument = nullptr;
@@ -290,7 +294,8 @@ private:
     void findControlNodes();
     void beginEdit();
     bool commitEdit(const QString &text);
-    QJsonArray settingsNow();
+    // Every panel item's key and the text it shows.
+    QVector<QPair<QString, QString>> settingTexts();
 
     quint64 m_serial;
     QSvgNode *m_pHitHandle = nullptr;
@@ -298,6 +303,7 @@ private:
     QColor m_lampColor;             // 5005: the light colour (a lamp's bulb)
     QColor m_capturedHostColor;
     bool m_bCaptured = false;
+    bool m_bPostChanged = false;
     QColor m_penColor = Qt::black;
     Qt::PenStyle m_penStyle = Qt::SolidLine;
     int m_penWidth = 1;

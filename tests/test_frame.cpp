@@ -332,3 +332,49 @@ TEST(Frame, PanelMessageLogKeepsARecentWindow)
     EXPECT_EQ(f->settingsMessages().last(), QByteArray::number(CFramework::kKeptMessages * 3 - 1));
     f->clearMessages();
 }
+
+namespace {
+
+// An apparatus that leaves what a drag posts to the host: its panel shows a length (a
+// percentage of its handle's travel) and a width that the same drag leaves alone.
+class Bar : public CBasic
+{
+public:
+    explicit Bar(CSVGObj *owner) : CBasic(owner) { setPostsChangedSettings(true); }
+    QString getSVG() override
+    {
+        return QStringLiteral("<svg viewBox='0 0 120 20'><rect id='bar' x='0' y='5' width='100' height='10'/>"
+                              "<rect id='control_1' x='96' y='6' width='8' height='8' x_from='0' x_to='200'/></svg>");
+    }
+    int getSVGType() override { return 150; }
+    bool updateSVG(QSvgNode *node, QPointF, bool bFinal) override
+    {
+        m_pDocument->namedNode("bar")->setNumAttribute("width", node->rect().center().x());
+        Resize(bFinal);
+        return true;
+    }
+    void CaculateObjectRetangle(QPointF &tl, QPointF &br) override { enclose(m_pDocument->transformedBounds(), tl, br); }
+    void GetSettingArray(QJsonArray &a) override
+    {
+        const int p = int(controlNodes().first()->rect().x() * 100 / 200);
+        a.append(m_pOwner->GetSettingJsonInput("idPosValue", "IDS_PHYSICSOBJ_LENGTH", QString::number(p), "int", "0", "100", ""));
+        a.append(m_pOwner->GetSettingJsonInput("idWidth", "IDS_PHYSICSOBJ_WIDTH", "10", "int", "0", "100", ""));
+    }
+};
+
+} // namespace
+
+TEST(Frame, HostPostsWhatADragStepChangedEachOnceInOneMessage)
+{
+    CSVGObj owner(0, false);
+    Bar bar(&owner);
+    bar.loadSVG(true);
+    GetFramework()->clearMessages();
+    QSvgNode *h = bar.controlNodes().first();
+    bar.moveControlPoint(h, QPointF(1, 0), false); // 48 % to 48 %: nothing to post
+    EXPECT_TRUE(GetFramework()->settingsMessages().isEmpty());
+    bar.moveControlPoint(h, QPointF(10, 0), false);
+    bar.moveControlPoint(h, QPointF(0, 0), true);
+    ASSERT_EQ(GetFramework()->settingsMessages().size(), 1);
+    EXPECT_EQ(GetFramework()->settingsMessages().last(), QByteArray(R"({"settings":[{"id":"idPosValue","value":"53"}]})"));
+}
