@@ -22,17 +22,6 @@ HOST_EXPORT QVector<double> parseList(const QChar *&p, const QChar *end = nullpt
 HOST_EXPORT QString join(const QVector<double> &v);
 }
 
-namespace SvgTree {
-// Calls f on the node and on every node below it, in document order.
-template <typename Node, typename F>
-void forEach(Node *n, F f)
-{
-    f(n);
-    for (const auto &c : n->children())
-        forEach(static_cast<Node *>(c.get()), f);
-}
-}
-
 namespace SvgXml {
 // The text with every character XML cannot carry (an unpaired surrogate, a control
 // character) replaced by U+FFFD, so that what is written always reads back.
@@ -193,6 +182,17 @@ private:
     // Kept only when the node has a transform at all: most nodes have none.
     mutable std::unique_ptr<QTransform> m_transform;
 };
+
+namespace SvgTree {
+// Calls f on the node and on every node below it, in document order.
+template <typename F>
+void forEach(QSvgNode *n, F f)
+{
+    f(n);
+    for (const auto &c : n->children())
+        forEach(c.get(), f);
+}
+}
 
 struct HOST_EXPORT QSvgNodeState {
     enum Flag : quint8 { Visible = 1, StrokeEnabled = 2, FillEnabled = 4, Back3D = 8 };
