@@ -1,5 +1,6 @@
 #include "Attribute.h"
 #include "AttrValue.h"
+#include "HandlePos.h"
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -32,12 +33,16 @@ bool CAttribute::save(QDataStream &out)
     return CSVGBase::save(out);
 }
 
-bool CAttribute::load(QDataStream &in)
+bool CAttribute::load(QDataStream &in) { return loadWith(in, nullptr, nullptr); }
+
+bool CAttribute::loadWith(QDataStream &in, const std::function<bool(QDataStream &)> &read, const std::function<void()> &apply)
 {
+    if (read && !read(in))
+        return refuseLoad(&in, QStringLiteral("cut short or damaged"));
     // Entries are matched by position against the apparatus's own defaults, and must be
     // the same entries: a stream of another apparatus is refused, not half applied.
-    QMap<int, DATA_MAP_STRUCT> read = m_attributes;
-    for (auto it = read.begin(); it != read.end(); ++it) {
+    QMap<int, DATA_MAP_STRUCT> table = m_attributes;
+    for (auto it = table.begin(); it != table.end(); ++it) {
         DATA_MAP_STRUCT a;
         in >> a.propId >> a.dataType >> a.name;
         readColor(in, a.color);
@@ -54,7 +59,12 @@ bool CAttribute::load(QDataStream &in)
     if (!readHostPart(in, part))
         return false;
     applyLoaded(
-        part, [&]() { m_attributes = read; },
+        part,
+        [&]() {
+            if (apply)
+                apply();
+            m_attributes = table;
+        },
         [&]() {
             UpdateColor(false);
             UpdateCheckBox(false);
@@ -185,6 +195,27 @@ void CAttribute::addAttribute(int attr, int propId, int dataType, const QString 
     a.intValue = intValue;
     a.boolValue = boolValue;
     m_attributes.insert(attr, a);
+}
+
+void CAttribute::keepEverything(int id, bool &guard)
+{
+    if (isCapture(id)) {
+        m_captured = m_attributes;
+        m_capturedHandles.clear();
+        for (QSvgNode *h : m_controlNodes)
+            m_capturedHandles.append(h->rect().topLeft());
+    } else if (isRestore(id)) {
+        for (auto it = m_captured.cbegin(); it != m_captured.cend(); ++it) {
+            if (it->dataType == 3)
+                AttrValue::apply(*this, it.key(), it->color, false, false);
+            else if (it->dataType == 0)
+                AttrValue::apply(*this, it.key(), it->boolValue, false, false);
+            else if (it->dataType == 1)
+                AttrValue::apply(*this, it.key(), it->intValue, false, false);
+        }
+        for (int i = 0; i < m_capturedHandles.size() && i < m_controlNodes.size(); ++i)
+            HandlePos::moveTo(*this, i, m_capturedHandles[i], guard);
+    }
 }
 
 void CAttribute::keepAttribute(int id, int attr, int &saved)

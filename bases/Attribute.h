@@ -5,6 +5,8 @@
 #include <QByteArray>
 #include <QColor>
 #include <QMap>
+#include <QVector>
+#include <functional>
 #include <svgbase.h>
 
 struct DATA_MAP_STRUCT {
@@ -48,7 +50,20 @@ protected:
     // into saved, restore replays saved through SetAttribute.
     void keepAttribute(int id, int attr, int &saved);
     void keepAttribute(int id, int attr, bool &saved);
+    // Attribute ids 2804 and 2805 for everything the panel shows that the table and the
+    // handles hold: capture copies every attribute and every handle's place; restore
+    // puts the attributes back in key order, then moves each handle back (with `guard`
+    // set, so that the move does not echo to the panel).
+    void keepEverything(int id, bool &guard);
+    // For an apparatus that saves something of its own before its attribute stream (a
+    // force's name): read() takes it from the stream and says whether it is sound;
+    // apply() puts it in place once the whole stream has been found sound.
+    bool loadWith(QDataStream &in, const std::function<bool(QDataStream &)> &read, const std::function<void()> &apply);
 
     QMap<int, DATA_MAP_STRUCT> m_attributes;
     bool m_bItemsOutline = false;
+
+private:
+    QMap<int, DATA_MAP_STRUCT> m_captured;
+    QVector<QPointF> m_capturedHandles;
 };

@@ -79,4 +79,45 @@ bool target(CSVGBase &obj, const QMap<QString, QString> &values, int index, Axis
     return std::isfinite(pos);
 }
 
+Polar polar(const CSVGBase &obj, int index, QPointF pivot)
+{
+    Polar p;
+    QSvgNode *h = obj.controlNodes().value(index);
+    if (!h)
+        return p;
+    const QPointF d = h->rect().center() - pivot;
+    p.distance = std::hypot(d.x(), d.y());
+    if (p.distance > 0) {
+        p.angle = std::atan2(-d.y(), d.x()) * 180 / 3.141592653589793;
+        if (p.angle <= -180)
+            p.angle += 360;
+    }
+    return p;
+}
+
+void placeAt(CSVGBase &obj, int index, QPointF pivot, const Polar &where)
+{
+    QSvgNode *h = obj.controlNodes().value(index);
+    if (!h || !std::isfinite(where.angle) || !std::isfinite(where.distance))
+        return;
+    const double r = where.angle * 3.141592653589793 / 180;
+    const QRectF box = h->rect();
+    h->setNumAttribute(QStringLiteral("x"), pivot.x() + std::cos(r) * where.distance - box.width() / 2);
+    h->setNumAttribute(QStringLiteral("y"), pivot.y() - std::sin(r) * where.distance - box.height() / 2);
+}
+
+void moveTo(CSVGBase &obj, int index, QPointF pos, bool &guard)
+{
+    QSvgNode *h = obj.controlNodes().value(index);
+    if (!h || !std::isfinite(pos.x()) || !std::isfinite(pos.y()) || std::fabs(pos.x()) > CSVGBase::kMaxExtent ||
+        std::fabs(pos.y()) > CSVGBase::kMaxExtent)
+        return;
+    const QPointF old = h->rect().topLeft();
+    h->setNumAttribute(QStringLiteral("x"), pos.x());
+    h->setNumAttribute(QStringLiteral("y"), pos.y());
+    guard = true;
+    obj.updateSVG(h, pos - old, true);
+    guard = false;
+}
+
 } // namespace HandlePos

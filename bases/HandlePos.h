@@ -3,6 +3,7 @@
 // reading and moving it, the percentage, the panel input, and the place a typed
 // percentage stands for. The apparatus keep their own guard and call these.
 #include <QMap>
+#include <QPointF>
 #include <QString>
 
 class CSVGBase;
@@ -36,5 +37,20 @@ enum Reading {
 // key, the template no such handle, or the text is refused.
 bool target(CSVGBase &obj, const QMap<QString, QString> &values, int index, Axis axis, bool mirrored, double &pos,
             Reading reading = Integer);
+
+// A handle that turns about a pivot (a bar's end, an arrow's tip, a needle's point).
+// Angles are degrees anticlockwise from the positive x axis with y up on screen, in
+// (-180, 180], as a mathematics lesson counts them.
+struct Polar {
+    double angle = 0;     // 0 when the handle sits on the pivot
+    double distance = 0;
+};
+// Where the handle's centre stands, seen from the pivot.
+Polar polar(const CSVGBase &obj, int index, QPointF pivot);
+// Puts the handle's centre at that angle and distance from the pivot (no updateSVG).
+void placeAt(CSVGBase &obj, int index, QPointF pivot, const Polar &where);
+// Moves the handle's top-left to pos on both axes and hands the move to updateSVG as
+// a final drag, with `guard` set meanwhile; nothing for a place past the extent.
+void moveTo(CSVGBase &obj, int index, QPointF pos, bool &guard);
 
 } // namespace HandlePos

@@ -190,16 +190,8 @@ bool CImageTextBasic::setInnerProperty(int id, QDataStream &in, bool bRecord, bo
         in >> text;
         if (in.status() != QDataStream::Ok)
             return false;
-        // Only what a page can carry and every renderer can draw: cut long labels (with
-        // a notice in the panel), and mend characters XML cannot hold.
-        text = SvgXml::clean(text);
-        if (text.size() > maxTextLength()) {
-            int n = maxTextLength();
-            if (text.at(n - 1).isHighSurrogate())
-                --n;
-            text.truncate(n);
-            postNotice(QStringLiteral("idTextContent"), text, QStringLiteral("IDS_PHYSICSOBJ_TEXT_CUT"));
-        }
+        // Only what a page can carry and every renderer can draw.
+        text = fitText(text, QStringLiteral("idTextContent"));
         if (bUndo) {
             auto *cmd = new CSVGBaseUndoCmd(this, m_nTextPropId, nullptr, true);
             cmd->setString(m_strText, text);

@@ -209,6 +209,9 @@ public:
     // The longest text an apparatus keeps (labels); longer texts are cut with a notice.
     static int maxTextLength();
     static void setMaxTextLength(int n);
+    // A text an apparatus is given to keep: characters XML cannot carry mended, and cut
+    // to maxTextLength() (never inside a pair) with a notice to the panel item panelKey.
+    static QString fitText(const QString &text, const QString &panelKey);
 
 protected:
     // The host's part of a stream, read and checked in full before anything is applied.

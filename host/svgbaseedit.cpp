@@ -12,6 +12,19 @@ int gMaxText = CSVGBase::kDefaultMaxText;
 }
 
 int CSVGBase::maxTextLength() { return gMaxText; }
+
+QString CSVGBase::fitText(const QString &text, const QString &panelKey)
+{
+    QString t = SvgXml::clean(text);
+    if (t.size() > gMaxText) {
+        int n = gMaxText;
+        if (t.at(n - 1).isHighSurrogate())
+            --n;
+        t.truncate(n);
+        postNotice(panelKey, t, QStringLiteral("IDS_PHYSICSOBJ_TEXT_CUT"));
+    }
+    return t;
+}
 void CSVGBase::setMaxTextLength(int n) { gMaxText = qMax(1, n); }
 
 void CSVGBase::beginEdit()
