@@ -92,7 +92,17 @@ void CSVGBase::paint(QPainter *painter)
 {
     if (!m_pDocument || !m_pOwner)
         return;
-    m_pDocument->render(painter, QRectF(QPointF(0, 0), m_pOwner->itemSize()), true);
+    watchDocument();
+    QSvgTinyDocument::RenderOptions o;
+    o.handles = m_pOwner->handlesVisible();
+    o.minHandlePixels = CSVGObj::minHandlePixels();
+    m_pDocument->render(painter, QRectF(QPointF(0, 0), m_pOwner->itemSize()), o);
+}
+
+void CSVGBase::watchDocument()
+{
+    if (m_pDocument && m_pOwner && m_pDocument->watcherContext() != m_pOwner)
+        m_pDocument->setWatcher(&CSVGObj::contentChanged, m_pOwner);
 }
 
 void CSVGBase::paintEx(QPainter *painter, float) { paint(painter); }
@@ -112,6 +122,7 @@ bool CSVGBase::loadSVG(bool)
     findControlNodes();
     if (!m_pDocument)
         return false;
+    watchDocument(); // the item showing the drawing repaints whatever changes it
     initPropItems();
     initSpecialPropItems();
     initGlobalPropValues();

@@ -147,6 +147,8 @@ public:
     static void postNotice(const QString &key, const QString &value, const QString &notice);
 
     // --- host side ---------------------------------------------------------
+    // Ties the drawing to the owner item, which then repaints as it changes.
+    void watchDocument();
     CSVGObj *owner() const { return m_pOwner; }
     QSvgTinyDocument *document() const { return m_pDocument; }
     quint64 serial() const { return m_serial; }

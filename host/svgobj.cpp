@@ -1,6 +1,13 @@
 #include "svgobj.h"
 #include "svgbase.h"
+#include <QGraphicsScene>
+#include <QGraphicsView>
 #include <QPainter>
+#include <cmath>
+
+namespace {
+double g_minHandlePixels = 0;
+}
 
 CBaseObject::CBaseObject(QGraphicsItem *parent) : QGraphicsItem(parent) {}
 CBaseObject::~CBaseObject() = default;
@@ -19,11 +26,75 @@ bool CBaseObject::CheckHitTestHandlers(const QPointF &scenePoint, CObjAction::AC
 CSVGObj::CSVGObj(int typeId, bool bDefaultSize, QGraphicsItem *parent)
     : CBaseObject(parent), m_nTypeId(typeId), m_bDefaultSize(bDefaultSize)
 {
+    setFlag(ItemSendsGeometryChanges); // a new scale changes the handles' reach
 }
 
 CSVGObj::~CSVGObj()
 {
+    // The drawing dies with the content: nothing of it may call back into a dying item.
+    if (m_pContent && m_pContent->document())
+        m_pContent->document()->setWatcher(nullptr, nullptr);
     delete m_pContent;
+}
+
+void CSVGObj::contentChanged(void *item)
+{
+    auto *self = static_cast<CSVGObj *>(item);
+    self->refreshGeometry();
+    self->update();
+}
+
+void CSVGObj::setMinHandlePixels(double pixels) { g_minHandlePixels = std::isfinite(pixels) ? qMax(0.0, pixels) : 0.0; }
+double CSVGObj::minHandlePixels() { return g_minHandlePixels; }
+
+void CSVGObj::setHandlesVisible(bool on)
+{
+    if (on == m_handlesVisible)
+        return;
+    m_handlesVisible = on;
+    refreshGeometry();
+    update();
+}
+
+QRectF CSVGObj::computeBounds() const
+{
+    const QRectF r = itemRect();
+    if (!m_handlesVisible || g_minHandlePixels <= 0 || r.isEmpty())
+        return r;
+    // Half a handle beyond the drawing, in the item's units at the closest zoom it is seen.
+    double pixelsPerUnit = std::fabs(scale());
+    double zoom = 0;
+    if (QGraphicsScene *s = scene())
+        for (const QGraphicsView *v : s->views())
+            zoom = qMax(zoom, std::hypot(v->transform().m11(), v->transform().m12()));
+    pixelsPerUnit *= zoom > 0 ? zoom : 1;
+    if (!(pixelsPerUnit > 1e-9))
+        return r;
+    const double reach = g_minHandlePixels / 2 / pixelsPerUnit;
+    return r.adjusted(-reach, -reach, reach, reach);
+}
+
+void CSVGObj::refreshGeometry()
+{
+    const QRectF b = computeBounds();
+    if (b == m_bounds)
+        return;
+    prepareGeometryChange();
+    m_bounds = b;
+}
+
+QPainterPath CSVGObj::shape() const
+{
+    QPainterPath p;
+    p.addRect(itemRect());
+    return p;
+}
+
+QVariant CSVGObj::itemChange(GraphicsItemChange change, const QVariant &value)
+{
+    if (change == ItemScaleHasChanged || change == ItemSceneHasChanged)
+        refreshGeometry();
+    return CBaseObject::itemChange(change, value);
 }
 
 int CSVGObj::type() const { return UserType + 1; }
@@ -47,8 +118,6 @@ QSizeF CSVGObj::itemSize() const
     return QSizeF();
 }
 
-QRectF CSVGObj::boundingRect() const { return QRectF(QPointF(0, 0), itemSize()); }
-
 void CSVGObj::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
 {
     if (m_pContent)
@@ -65,10 +134,10 @@ void CSVGObj::setSize2(const QSizeF &size, bool)
     if (!(size.width() > 0) || !(size.height() > 0) || size.width() > 1e7 || size.height() > 1e7)
         return;
     const QSizeF old = itemSize();
-    prepareGeometryChange();
     m_size = size;
     if (m_pContent)
         m_pContent->setSize(old, size);
+    refreshGeometry();
 }
 
 void CSVGObj::followViewBox(const QRectF &oldVb, const QRectF &newVb)
@@ -77,9 +146,9 @@ void CSVGObj::followViewBox(const QRectF &oldVb, const QRectF &newVb)
     const double sx = oldVb.width() > 0 ? s.width() / oldVb.width() : 1;
     const double sy = oldVb.height() > 0 ? s.height() / oldVb.height() : 1;
     const QPointF shift((newVb.x() - oldVb.x()) * sx, (newVb.y() - oldVb.y()) * sy);
-    prepareGeometryChange();
     setPos(mapToParent(shift));
     m_size = QSizeF(newVb.width() * sx, newVb.height() * sy);
+    refreshGeometry();
     update();
 }
 

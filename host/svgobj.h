@@ -44,8 +44,25 @@ public:
     virtual bool createSVG(int typeId, bool bLoad);
     virtual void Release();
 
-    QRectF boundingRect() const override;
+    // The drawing's rectangle, and as far beyond it as its handles are drawn.
+    QRectF boundingRect() const override { return m_bounds; }
+    // The drawing's rectangle alone: the handles' reach takes no press of its own.
+    QPainterPath shape() const override;
+    QRectF itemRect() const { return QRectF(QPointF(0, 0), itemSize()); }
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
+
+    // Handles are drawn at least this many pixels across on screen, at any zoom (0: as
+    // the drawing gives them). For every item of the process.
+    static void setMinHandlePixels(double pixels);
+    static double minHandlePixels();
+    // Whether the item shows its handles (a presentation shows them on demand).
+    void setHandlesVisible(bool on);
+    bool handlesVisible() const { return m_handlesVisible; }
+    // Takes up a change of what the item covers: its size, its scale, the view's zoom.
+    // The drawing's own changes arrive by themselves.
+    void refreshGeometry();
+    // The content's document tells its item of every change through this.
+    static void contentChanged(void *item);
 
     CSVGBase *content() const { return m_pContent; }
     int typeId() const { return m_nTypeId; }
@@ -65,9 +82,16 @@ public:
     QJsonObject GetSettingJsonSwitch(const QString &id, const QString &label, bool on) const;
 
 protected:
+    QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
+
     CSVGBase *m_pContent = nullptr;
     int m_nTypeId;
     bool m_bDefaultSize;
     bool m_bDefaultSizeCreated = false;  // read by the host after a default-size creation
     QSizeF m_size;
+
+private:
+    QRectF computeBounds() const;
+    QRectF m_bounds;
+    bool m_handlesVisible = true;
 };

@@ -53,13 +53,17 @@ void applyStyle(const QSvgNode *n, Style &st)
 class Renderer
 {
 public:
-    Renderer(QPainter *p, const QSvgTinyDocument *doc, bool handles) : m_p(p), m_doc(doc), m_handles(handles) {}
+    Renderer(QPainter *p, const QSvgTinyDocument *doc, const QSvgTinyDocument::RenderOptions &o)
+        : m_p(p), m_doc(doc), m_handles(o.handles), m_minHandle(o.minHandlePixels), m_docTransform(p->worldTransform())
+    {
+    }
 
     void draw(const QSvgNode *n, Style st)
     {
         if (!n->isVisible())
             return;
-        if (!m_handles && n->nodeId().startsWith(QLatin1String("control_")))
+        const bool handle = (!m_handles || m_minHandle > 0) && n->nodeId().startsWith(QLatin1String("control_"));
+        if (handle && !m_handles)
             return;
         const QSvgNode::Type t = n->type();
         if (t == QSvgNode::Defs || t == QSvgNode::LinearGradient || t == QSvgNode::Stop || t == QSvgNode::Other)
@@ -69,6 +73,8 @@ public:
         m_p->save();
         if (t != QSvgNode::Doc)
             m_p->setTransform(n->localTransform(), true);
+        if (handle)
+            enlargeHandle(n);
         if (opacity < 1)
             m_p->setOpacity(m_p->opacity() * qBound(0.0, opacity, 1.0));
         if (t == QSvgNode::Group || t == QSvgNode::Doc) {
@@ -86,6 +92,19 @@ public:
     }
 
 private:
+    // A handle seen smaller than a fingertip is drawn that large, about its own centre.
+    void enlargeHandle(const QSvgNode *n)
+    {
+        const QRectF r = m_docTransform.mapRect(n->documentBounds());
+        const double side = qMax(r.width(), r.height());
+        if (!(side > 0) || side >= m_minHandle)
+            return;
+        const double k = m_minHandle / side;
+        const QPointF c = r.center();
+        m_p->setWorldTransform(m_p->worldTransform() * QTransform::fromTranslate(-c.x(), -c.y()) *
+                               QTransform::fromScale(k, k) * QTransform::fromTranslate(c.x(), c.y()));
+    }
+
     QBrush paint(const QString &paintText, double opacity, const QRectF &bbox)
     {
         if (paintText.isEmpty() || paintText == QLatin1String("none"))
@@ -214,11 +233,13 @@ private:
     QPainter *m_p;
     const QSvgTinyDocument *m_doc;
     bool m_handles;
+    double m_minHandle;
+    QTransform m_docTransform; // document units to the device
 };
 
 } // namespace
 
-void QSvgTinyDocument::render(QPainter *p, const QRectF &target, bool handles) const
+void QSvgTinyDocument::render(QPainter *p, const QRectF &target, const RenderOptions &options) const
 {
     const QRectF vb = m_viewBox.isEmpty() ? const_cast<QSvgTinyDocument *>(this)->transformedBounds() : m_viewBox;
     const QRectF to = target.isNull() ? QRectF(QPointF(0, 0), size()) : target;
@@ -230,6 +251,6 @@ void QSvgTinyDocument::render(QPainter *p, const QRectF &target, bool handles) c
     p->translate(to.topLeft());
     p->scale(to.width() / vb.width(), to.height() / vb.height());
     p->translate(-vb.topLeft());
-    Renderer(p, this, handles).draw(this, Style());
+    Renderer(p, this, options).draw(this, Style());
     p->restore();
 }

@@ -43,7 +43,21 @@ public:
 
     // Counts every change of the drawing: equal revisions mean an unchanged drawing.
     quint64 revision() const { return m_revision; }
-    void bumpRevision() { ++m_revision; }
+    void bumpRevision()
+    {
+        ++m_revision;
+        if (m_watcher)
+            m_watcher(m_watcherContext);
+    }
+    // Told of every change of the drawing, as it happens (the item showing it repaints).
+    // Copies and clones are not watched.
+    using Watcher = void (*)(void *context);
+    void setWatcher(Watcher watcher, void *context)
+    {
+        m_watcher = watcher;
+        m_watcherContext = context;
+    }
+    void *watcherContext() const { return m_watcherContext; }
     // Why the last load failed (empty after a success).
     static QString lastError();
 
@@ -57,7 +71,7 @@ public:
         if (r.x() != m_viewBox.x() || r.y() != m_viewBox.y() || r.width() != m_viewBox.width() ||
             r.height() != m_viewBox.height()) {
             m_viewBox = r;
-            ++m_revision;
+            bumpRevision();
         }
     }
     // Document size in px; the view box when none was given.
@@ -66,7 +80,7 @@ public:
     {
         if (s.width() != m_size.width() || s.height() != m_size.height()) {
             m_size = s;
-            ++m_revision;
+            bumpRevision();
         }
     }
     // The size as set, which size() falls back from when it is empty.
@@ -87,8 +101,18 @@ public:
     };
     QByteArray toSvg(const WriteOptions &options) const;
     QByteArray toSvg() const { return toSvg(WriteOptions()); }
+    struct RenderOptions {
+        bool handles = true;         // draw control_N handles
+        double minHandlePixels = 0;  // handles smaller on the device are drawn this large
+    };
     // Draws the view box into target (or the document size at the origin).
-    void render(QPainter *p, const QRectF &target = QRectF(), bool handles = true) const;
+    void render(QPainter *p, const QRectF &target, const RenderOptions &options) const;
+    void render(QPainter *p, const QRectF &target = QRectF(), bool handles = true) const
+    {
+        RenderOptions o;
+        o.handles = handles;
+        render(p, target, o);
+    }
 
 private:
     friend class QSvgNode;
@@ -109,4 +133,6 @@ private:
     QRectF m_cachedBounds;
     QStringList m_prolog;
     quint64 m_revision = 0;
+    Watcher m_watcher = nullptr;
+    void *m_watcherContext = nullptr;
 };
