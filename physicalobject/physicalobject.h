@@ -36,4 +36,7 @@ PHYSICALOBJECT_SHARED_EXPORT CWBPhysicalObject *createObject_physical(int, int t
 PHYSICALOBJECT_SHARED_EXPORT bool physical_SetDefaultSpecialProperty(int id, QDataStream &s);
 PHYSICALOBJECT_SHARED_EXPORT double getCirclePointDegree(QPointF point, QPointF center);
 PHYSICALOBJECT_SHARED_EXPORT const PhysicalTypeInfo *physical_TypeTable(int *count);
+// The points where wires attach to an apparatus of this type, in template units; null
+// and a count of 0 for a type without any.
+PHYSICALOBJECT_SHARED_EXPORT const QPointF *physical_Terminals(int typeId, int *count);
 }
