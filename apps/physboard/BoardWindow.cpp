@@ -35,6 +35,8 @@ BoardWindow::BoardWindow(QWidget *parent) : QMainWindow(parent)
     // A lesson's worth of history; older steps drop off instead of piling up all day.
     if (undoStack()->count() == 0)
         undoStack()->setUndoLimit(kUndoLimit);
+    // Handles big enough for a finger at any zoom.
+    CSVGObj::setMinHandlePixels(BoardView::kMinHandlePixels);
     m_page = new BoardPage(this);
     m_view = new BoardView(m_page, this);
     setCentralWidget(m_view);
@@ -62,6 +64,7 @@ BoardWindow::BoardWindow(QWidget *parent) : QMainWindow(parent)
     connect(m_view, &BoardView::dropRequested, this, [this](int type, const QPointF &p) { place(type, p); });
     connect(m_view, &BoardView::selectionChanged, this, &BoardWindow::onSelectionChanged);
     connect(m_view, &BoardView::deleteRequested, this, &BoardWindow::deleteSelected);
+    connect(m_view, &BoardView::presentationLeft, this, [this]() { setPresenting(false); });
     connect(m_view, &BoardView::handleMoved, this, [this](CWBPhysicalObject *, bool final) {
         // Live values come through message 100; the end of a drag settles the rest.
         if (final) {
@@ -71,6 +74,19 @@ BoardWindow::BoardWindow(QWidget *parent) : QMainWindow(parent)
     });
     connect(m_panel, &PropertyPanel::edited, this, &BoardWindow::applyEdit);
     connect(m_panel, &PropertyPanel::placementEdited, this, &BoardWindow::applyPlacement);
+    connect(m_panel, &PropertyPanel::hostColorEdited, this, [this](int id, const QColor &c) {
+        CWBPhysicalObject *obj = m_panel->object();
+        if (!obj || !obj->content() || obj->scene() != m_page)
+            return;
+        QByteArray bytes;
+        {
+            QDataStream out(&bytes, QIODevice::WriteOnly);
+            out << c;
+        }
+        nameNewStep([&]() { obj->content()->editAttribute(id, bytes); }, T("BOARD_CMD_EDIT").arg(Strings::typeName(obj->typeId())));
+        obj->update();
+        m_panel->rebuild();
+    });
     connect(m_panel, &PropertyPanel::notice, this, [this](const QString &text) { statusBar()->showMessage(text, 8000); });
     m_observer = GetFramework()->addObserver([this](int message, const QByteArray &json) {
         if (message == CFramework::MSG_SETTINGS_CHANGED)
@@ -78,6 +94,7 @@ BoardWindow::BoardWindow(QWidget *parent) : QMainWindow(parent)
     });
 
     buildMenus();
+    updateEditActions();
     m_capture->setEnabled(false);
     m_restore->setEnabled(false);
     connect(m_recorder, &Recorder::progress, this, [this](int done, int total) {
@@ -124,10 +141,15 @@ void BoardWindow::buildMenus()
     m_save = m_fileMenu->addAction(QString(), this, [this]() { saveInteractive(false); });
     m_save->setShortcut(QKeySequence::Save);
     m_saveAs = m_fileMenu->addAction(QString(), this, [this]() { saveInteractive(true); });
-    m_saveAs->setShortcut(QKeySequence::SaveAs);
+    // Not every platform binds a key to Save As; the board always does.
+    m_saveAs->setShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S));
+    m_recentMenu = m_fileMenu->addMenu(QString());
+    m_recentMenu->setObjectName(QStringLiteral("recentMenu"));
     m_fileMenu->addSeparator();
     m_exportPage = m_fileMenu->addAction(QString(), this, [this]() { exportInteractive(false); });
     m_exportItem = m_fileMenu->addAction(QString(), this, [this]() { exportInteractive(true); });
+    m_print = m_fileMenu->addAction(QString(), this, &BoardWindow::printInteractive);
+    m_print->setShortcut(QKeySequence::Print);
     m_fileMenu->addSeparator();
     m_quit = m_fileMenu->addAction(QString(), this, &QWidget::close);
     m_quit->setShortcut(QKeySequence::Quit);
@@ -138,23 +160,40 @@ void BoardWindow::buildMenus()
     m_redo = m_editMenu->addAction(QString(), this, &BoardWindow::redo);
     m_redo->setShortcuts({QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_Z), QKeySequence(Qt::CTRL + Qt::Key_Y)});
     m_editMenu->addSeparator();
+    m_cut = m_editMenu->addAction(QString(), this, &BoardWindow::cutSelection);
+    m_cut->setShortcut(QKeySequence::Cut);
+    m_copy = m_editMenu->addAction(QString(), this, &BoardWindow::copySelection);
+    m_copy->setShortcut(QKeySequence::Copy);
+    m_paste = m_editMenu->addAction(QString(), this, &BoardWindow::paste);
+    m_paste->setShortcut(QKeySequence::Paste);
+    m_duplicate = m_editMenu->addAction(QString(), this, &BoardWindow::duplicateSelection);
+    m_duplicate->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_D));
     m_delete = m_editMenu->addAction(QString(), this, &BoardWindow::deleteSelected);
+    m_selectAll = m_editMenu->addAction(QString(), m_view, &BoardView::selectAll);
+    m_selectAll->setShortcut(QKeySequence::SelectAll);
+    m_editMenu->addSeparator();
+    m_front = m_editMenu->addAction(QString(), this, &BoardWindow::bringToFront);
+    m_front->setShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_BracketRight));
+    m_back = m_editMenu->addAction(QString(), this, &BoardWindow::sendToBack);
+    m_back->setShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_BracketLeft));
     m_resetTransform = m_editMenu->addAction(QString(), this, [this]() {
         CWBPhysicalObject *obj = m_view->selected();
         if (!obj)
             return;
         const ItemPlacement from = ItemPlacement::of(obj);
-        const QPointF centre = obj->mapToScene(obj->boundingRect().center());
-        ItemPlacement to{centre - obj->boundingRect().center(), 0, 1};
+        const QPointF centre = obj->mapToScene(obj->itemRect().center());
+        ItemPlacement to{centre - obj->itemRect().center(), 0, 1};
         if (to == from)
             return;
         to.applyTo(obj);
-        GetFramework()->pushUndo(new PlaceObjectCmd(obj, from, to, T("BOARD_CMD_SCALE").arg(Strings::typeName(obj->typeId()))));
+        m_view->commitPlacement({{obj, from, to}}, T("BOARD_CMD_SCALE").arg(Strings::typeName(obj->typeId())));
     });
 
     m_editMenu->addSeparator();
     m_capture = m_editMenu->addAction(QString(), this, &BoardWindow::captureSelected);
     m_restore = m_editMenu->addAction(QString(), this, &BoardWindow::restoreSelected);
+
+    buildViewMenus();
 
     m_playMenu = menuBar()->addMenu(QString());
     m_record = m_playMenu->addAction(QString(), this, &BoardWindow::startRecording);
@@ -191,6 +230,26 @@ void BoardWindow::retranslate()
     m_saveAs->setText(T("BOARD_SAVE_AS"));
     m_exportPage->setText(T("BOARD_EXPORT_PAGE"));
     m_exportItem->setText(T("BOARD_EXPORT_ITEM"));
+    m_print->setText(T("BOARD_PRINT"));
+    m_recentMenu->setTitle(T("BOARD_RECENT"));
+    rebuildRecentMenu();
+    m_cut->setText(T("BOARD_CUT"));
+    m_copy->setText(T("BOARD_COPY"));
+    m_paste->setText(T("BOARD_PASTE"));
+    m_duplicate->setText(T("BOARD_DUPLICATE"));
+    m_selectAll->setText(T("BOARD_SELECT_ALL"));
+    m_front->setText(T("BOARD_FRONT"));
+    m_back->setText(T("BOARD_BACK"));
+    m_viewMenu->setTitle(T("BOARD_MENU_VIEW"));
+    m_zoomIn->setText(T("BOARD_ZOOM_IN"));
+    m_zoomOut->setText(T("BOARD_ZOOM_OUT"));
+    m_zoomFit->setText(T("BOARD_ZOOM_FIT"));
+    m_zoom100->setText(T("BOARD_ZOOM_100"));
+    m_present->setText(T("BOARD_PRESENT"));
+    m_toolMenu->setTitle(T("BOARD_MENU_TOOLS"));
+    const char *toolKeys[4] = {"BOARD_TOOL_SELECT", "BOARD_TOOL_PEN", "BOARD_TOOL_TEXT", "BOARD_TOOL_ARROW"};
+    for (int i = 0; i < 4; ++i)
+        m_tools[i]->setText(T(toolKeys[i]));
     m_quit->setText(T("BOARD_QUIT"));
     m_undo->setText(T("BOARD_UNDO"));
     m_redo->setText(T("BOARD_REDO"));
@@ -214,6 +273,7 @@ void BoardWindow::setLanguage(int language)
     m_english->setChecked(Strings::language() == Strings::English);
     m_chinese->setChecked(Strings::language() == Strings::Chinese);
     retranslate();
+    saveSettings();
 }
 
 void BoardWindow::updateTitle()
@@ -240,6 +300,8 @@ void BoardWindow::redo()
 void BoardWindow::onSelectionChanged(CWBPhysicalObject *obj)
 {
     m_panel->setObject(obj);
+    m_panel->setSelectionCount(m_view->selection().size());
+    updateEditActions();
     m_capture->setEnabled(obj);
     m_restore->setEnabled(obj && obj->content() && m_captured.contains(obj->content()->serial()));
 }
@@ -295,10 +357,12 @@ void BoardWindow::setPlaying(bool on)
 
 void BoardWindow::closeEvent(QCloseEvent *event)
 {
-    if (confirmDiscard())
+    if (confirmDiscard()) {
+        saveSettings();
         event->accept();
-    else
+    } else {
         event->ignore();
+    }
 }
 
 void BoardWindow::startRecording()
@@ -337,20 +401,18 @@ bool BoardWindow::playBack(int intervalMs)
 void BoardWindow::afterUndoRedo()
 {
     m_recorder->noteChange();
-    CWBPhysicalObject *sel = m_view->selected();
-    if (sel && sel->scene() != m_page)
-        m_view->select(nullptr);
-    else
-        m_panel->refreshValues();
+    m_view->pruneSelection();
+    m_panel->refreshValues();
     growPage();
-    m_view->viewport()->update();
+    m_view->refreshOverlay();
+    updateEditActions();
     updateTitle();
 }
 
 void BoardWindow::growPage()
 {
     // The page reaches past whatever is on it, so that everything can be scrolled to.
-    const QRectF least(0, 0, 1600, 1000);
+    const QRectF least = BoardPage::pageRect();
     const QRectF content = m_page->contentBounds();
     m_view->setSceneRect(content.isNull() ? least : least.united(content.adjusted(-100, -100, 100, 100)));
 }
@@ -366,11 +428,11 @@ CWBPhysicalObject *BoardWindow::place(int typeId, const QPointF &scenePos)
     CWBPhysicalObject *obj = BoardPage::create(typeId, true);
     if (!obj)
         return nullptr;
-    obj->setPos(scenePos - obj->boundingRect().center());
+    obj->setPos(scenePos - obj->itemRect().center());
     obj->setZValue(m_page->topZ() + 1);
-    auto *cmd = new AddObjectCmd(m_page, obj);
-    cmd->setText(T("BOARD_CMD_ADD").arg(Strings::typeName(typeId)));
-    GetFramework()->pushUndo(cmd);
+    GetFramework()->pushUndo(new AddItemsCmd(m_page, {obj}, T("BOARD_CMD_ADD").arg(Strings::typeName(typeId))));
+    if (m_view->presenting())
+        obj->setHandlesVisible(false);
     m_view->select(obj);
     m_view->setFocus();
     return obj;
@@ -378,21 +440,54 @@ CWBPhysicalObject *BoardWindow::place(int typeId, const QPointF &scenePos)
 
 CWBPhysicalObject *BoardWindow::placeAtFreeSpot(int typeId)
 {
-    // Centre of what is in view, stepped so that repeated picks do not stack exactly.
+    CWBPhysicalObject *probe = BoardPage::create(typeId, true);
+    if (!probe)
+        return nullptr;
+    const QSizeF size = probe->itemRect().size();
+    probe->Release();
+    return place(typeId, freeSpot(size) + QPointF(size.width() / 2, size.height() / 2));
+}
+
+QPointF BoardWindow::freeSpot(const QSizeF &size) const
+{
+    // Rings of candidate spots around the view's centre, nearest first; the first that
+    // overlaps nothing (with a little air) wins.
     const QPointF centre = m_view->mapToScene(m_view->viewport()->rect().center());
-    const double step = 24.0 * (m_placed++ % 8);
-    return place(typeId, centre + QPointF(step - 84, step - 84));
+    QVector<QRectF> taken;
+    for (QGraphicsItem *i : m_page->pageItems())
+        taken.append(BoardPage::boundsOf({i}).adjusted(-12, -12, 12, 12));
+    const double step = qMax(24.0, qMin(size.width(), size.height()) / 2);
+    for (int ring = 0; ring <= 40; ++ring) {
+        const int n = ring == 0 ? 1 : 8 * ring;
+        for (int k = 0; k < n; ++k) {
+            const double a = 2 * M_PI * k / n;
+            const QPointF c = centre + QPointF(std::cos(a), std::sin(a)) * (ring * step);
+            const QRectF r(c - QPointF(size.width() / 2, size.height() / 2), size);
+            bool free = r.left() >= 0 && r.top() >= 0;
+            for (int t = 0; free && t < taken.size(); ++t)
+                free = !taken[t].intersects(r);
+            if (free)
+                return r.topLeft();
+        }
+    }
+    return centre - QPointF(size.width() / 2, size.height() / 2);
 }
 
 void BoardWindow::deleteSelected()
 {
-    CWBPhysicalObject *obj = m_view->selected();
-    if (!obj)
+    const QList<QGraphicsItem *> items = m_view->selection();
+    if (items.isEmpty() || m_view->presenting())
         return;
-    m_view->select(nullptr);
-    auto *cmd = new RemoveObjectCmd(m_page, obj);
-    cmd->setText(T("BOARD_CMD_DELETE").arg(Strings::typeName(obj->typeId())));
-    GetFramework()->pushUndo(cmd);
+    m_view->setSelection({});
+    const QString text = items.size() == 1 ? T("BOARD_CMD_DELETE").arg(BoardPage::nameOf(items.first()))
+                                           : T("BOARD_CMD_MANY").arg(T("BOARD_CMD_DELETE").arg(QString()).trimmed()).arg(items.size());
+    const QVector<WireLink> links = m_page->links();
+    GetFramework()->undoStack()->beginMacro(text);
+    GetFramework()->pushUndo(new RemoveItemsCmd(m_page, items, text));
+    // The links that went with the items come back with them.
+    if (m_page->links() != links)
+        GetFramework()->pushUndo(new LinkCmd(m_page, links, m_page->links(), text));
+    GetFramework()->undoStack()->endMacro();
 }
 
 void BoardWindow::applyEdit(const QString &id, const QString &value)
@@ -420,8 +515,9 @@ void BoardWindow::applyPlacement(int field, double value)
     ItemPlacement to = from;
     const char *key = "BOARD_CMD_MOVE";
     switch (field) {
-    case PropertyPanel::PlaceX: to.pos.setX(value); break;
-    case PropertyPanel::PlaceY: to.pos.setY(value); break;
+    // Left and top stay on the page.
+    case PropertyPanel::PlaceX: to.pos.setX(qBound(0.0, value, BoardPage::pageRect().right())); break;
+    case PropertyPanel::PlaceY: to.pos.setY(qBound(0.0, value, BoardPage::pageRect().bottom())); break;
     case PropertyPanel::PlaceRotation:
     case PropertyPanel::PlaceScale: {
         // Turned and scaled about the centre, as with the knobs.
@@ -432,7 +528,7 @@ void BoardWindow::applyPlacement(int field, double value)
             to.scale = qBound(0.1, value / 100, 10.0);
             key = "BOARD_CMD_SCALE";
         }
-        const QPointF c = obj->boundingRect().center();
+        const QPointF c = obj->itemRect().center();
         QTransform t;
         t.rotate(to.rotation);
         t.scale(to.scale, to.scale);
@@ -445,8 +541,7 @@ void BoardWindow::applyPlacement(int field, double value)
     if (to == from)
         return;
     to.applyTo(obj);
-    GetFramework()->pushUndo(new PlaceObjectCmd(obj, from, to, T(key).arg(Strings::typeName(obj->typeId()))));
-    m_view->viewport()->update();
+    m_view->commitPlacement({{obj, from, to}}, T(key).arg(Strings::typeName(obj->typeId())));
 }
 
 void BoardWindow::fail(const QString &message)
@@ -467,6 +562,7 @@ void BoardWindow::newPage()
     m_recordingChanged = false;
     m_file.clear();
     m_placed = 0;
+    m_pasteCount = 0;
     undoStack()->setClean();
     updateTitle();
 }
@@ -482,6 +578,7 @@ bool BoardWindow::savePage(const QString &path)
     m_lastError.clear();
     m_recordingChanged = false;
     undoStack()->setClean();
+    addRecent(path);
     statusBar()->showMessage(T("BOARD_SAVED").arg(QFileInfo(path).fileName()));
     updateTitle();
     return true;
@@ -489,27 +586,29 @@ bool BoardWindow::savePage(const QString &path)
 
 bool BoardWindow::openPage(const QString &path)
 {
-    QList<CWBPhysicalObject *> loaded;
+    PageContent loaded;
     QString err;
-    QByteArray recording;
-    if (!BoardPage::readFile(path, &loaded, &err, &recording) || !Recorder::valid(recording)) {
-        for (CWBPhysicalObject *o : loaded)
-            o->Release();
+    if (!BoardPage::readFile(path, &loaded, &err) || !Recorder::valid(loaded.recording)) {
+        loaded.release();
         fail(err.isEmpty() ? T("BOARD_ERR_DAMAGED").arg(QFileInfo(path).fileName()) : err);
         return false;
     }
     m_recorder->cancel();
     m_recorder->stop();
-    m_recorder->load(recording);
+    m_recorder->load(loaded.recording);
     m_recordingChanged = false;
     updatePlaybackActions();
     m_view->select(nullptr);
     undoStack()->clear();
-    m_page->replaceWith(loaded);
+    m_page->replaceAll(loaded);
+    if (m_view->presenting())
+        for (CWBPhysicalObject *o : m_page->objects())
+            o->setHandlesVisible(false);
     growPage();
     m_file = path;
     m_lastError.clear();
     undoStack()->setClean();
+    addRecent(path);
     statusBar()->showMessage(T("BOARD_OPENED").arg(QFileInfo(path).fileName()));
     updateTitle();
     return true;
@@ -517,7 +616,7 @@ bool BoardWindow::openPage(const QString &path)
 
 bool BoardWindow::exportPage(const QString &path)
 {
-    const int n = m_page->objects().size();
+    const int n = m_page->pageItems().size();
     QString err;
     bool ok = false;
     if (n >= kProgressThreshold) {
@@ -546,7 +645,7 @@ bool BoardWindow::exportPage(const QString &path)
 bool BoardWindow::exportSelected(const QString &path)
 {
     QString err;
-    if (!BoardPage::exportObject(m_view->selected(), path, &err)) {
+    if (!BoardPage::exportItems(m_view->selection(), path, &err)) {
         fail(err);
         return false;
     }
@@ -554,49 +653,78 @@ bool BoardWindow::exportSelected(const QString &path)
     return true;
 }
 
+QMessageBox *BoardWindow::makeDiscardPrompt()
+{
+    auto *box = new QMessageBox(QMessageBox::Question, Strings::plain(QStringLiteral("BOARD_TITLE")), T("BOARD_DISCARD"),
+                                QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+    box->setObjectName(QStringLiteral("discardPrompt"));
+    box->button(QMessageBox::Save)->setText(T("BOARD_SAVE_BUTTON"));
+    box->button(QMessageBox::Discard)->setText(T("BOARD_DISCARD_BUTTON"));
+    box->button(QMessageBox::Cancel)->setText(T("BOARD_CANCEL"));
+    // Keeping the work is what an accidental Enter should do.
+    box->setDefaultButton(QMessageBox::Save);
+    box->setEscapeButton(QMessageBox::Cancel);
+    return box;
+}
+
 bool BoardWindow::confirmDiscard()
 {
     if (!isModified())
         return true;
-    return QMessageBox::question(this, T("BOARD_TITLE"), T("BOARD_DISCARD")) == QMessageBox::Yes;
+    QMessageBox *box = makeDiscardPrompt();
+    const int answer = box->exec();
+    delete box;
+    if (answer == QMessageBox::Discard)
+        return true;
+    if (answer != QMessageBox::Save)
+        return false;
+    saveInteractive(false);
+    return !isModified();
 }
 
 void BoardWindow::openInteractive()
 {
     if (!confirmDiscard())
         return;
-    const QString path = QFileDialog::getOpenFileName(this, T("BOARD_OPEN"), QString(), T("BOARD_PAGE_FILES"));
-    if (!path.isEmpty() && !openPage(path))
-        QMessageBox::warning(this, T("BOARD_ERROR"), m_lastError);
+    const QString path = QFileDialog::getOpenFileName(this, Strings::plain(QStringLiteral("BOARD_OPEN")), folder(), T("BOARD_PAGE_FILES"));
+    if (path.isEmpty())
+        return;
+    m_lastFolder = QFileInfo(path).absolutePath();
+    if (!openPage(path))
+        QMessageBox::warning(this, Strings::plain(QStringLiteral("BOARD_ERROR")), m_lastError);
 }
 
 void BoardWindow::saveInteractive(bool askName)
 {
     QString path = m_file;
     if (askName || path.isEmpty())
-        path = QFileDialog::getSaveFileName(this, T("BOARD_SAVE_AS"), path, T("BOARD_PAGE_FILES"));
+        path = QFileDialog::getSaveFileName(this, Strings::plain(QStringLiteral("BOARD_SAVE_AS")),
+                                            path.isEmpty() ? folder() : path, T("BOARD_PAGE_FILES"));
     if (path.isEmpty())
         return;
+    m_lastFolder = QFileInfo(path).absolutePath();
     if (QFileInfo(path).suffix().isEmpty())
         path += QStringLiteral(".phb");
     if (!savePage(path))
-        QMessageBox::warning(this, T("BOARD_ERROR"), m_lastError);
+        QMessageBox::warning(this, Strings::plain(QStringLiteral("BOARD_ERROR")), m_lastError);
 }
 
 void BoardWindow::exportInteractive(bool selectedOnly)
 {
-    if (selectedOnly && !m_view->selected())
+    if (selectedOnly && m_view->selection().isEmpty())
         return;
     QString filter;
-    QString path = QFileDialog::getSaveFileName(this, selectedOnly ? T("BOARD_EXPORT_ITEM") : T("BOARD_EXPORT_PAGE"),
-                                                QString(), T("BOARD_EXPORT_FILES"), &filter);
+    QString path = QFileDialog::getSaveFileName(this, Strings::plain(selectedOnly ? QStringLiteral("BOARD_EXPORT_ITEM") : QStringLiteral("BOARD_EXPORT_PAGE")),
+                                                folder(), T("BOARD_EXPORT_FILES"), &filter);
     if (path.isEmpty())
         return;
+    m_lastFolder = QFileInfo(path).absolutePath();
     if (QFileInfo(path).suffix().isEmpty())
-        path += filter.contains(QLatin1String("png")) ? QStringLiteral(".png") : QStringLiteral(".svg");
+        path += filter.contains(QLatin1String("png")) ? QStringLiteral(".png")
+                : filter.contains(QLatin1String("svg")) ? QStringLiteral(".svg") : QStringLiteral(".pdf");
     const bool ok = selectedOnly ? exportSelected(path) : exportPage(path);
     if (!ok && !m_lastError.isEmpty())
-        QMessageBox::warning(this, T("BOARD_ERROR"), m_lastError);
+        QMessageBox::warning(this, Strings::plain(QStringLiteral("BOARD_ERROR")), m_lastError);
 }
 
 void BoardWindow::fillDemoPage()

@@ -33,8 +33,23 @@ public:
     // Places a new apparatus centred on scenePos (one undo step); null for an id
     // the library does not make.
     CWBPhysicalObject *place(int typeId, const QPointF &scenePos);
+    // Places it where it covers nothing, as near the view's centre as can be.
     CWBPhysicalObject *placeAtFreeSpot(int typeId);
+    // Where an item of this size goes: a page point for its top-left corner.
+    QPointF freeSpot(const QSizeF &size) const;
+    // The selection, as one undo step each.
     void deleteSelected();
+    void cutSelection();
+    bool copySelection();
+    // Pastes the board's own items from the clipboard, offset from their originals.
+    bool paste();
+    bool duplicateSelection();
+    void bringToFront();
+    void sendToBack();
+    // What the clipboard carries: the items (and links among them) as a page, and
+    // the picture of them as PNG and SVG.
+    static constexpr const char *kItemsMime = "application/x-physboard-items";
+    static class QMimeData *mimeFor(const QList<class QGraphicsItem *> &items, const class QVector<struct WireLink> &links);
     // A panel edit of the selected apparatus, as one undo step.
     void applyEdit(const QString &id, const QString &value);
     // A placement field of the panel: x, y, turn (about the centre) or scale in per cent.
@@ -45,7 +60,17 @@ public:
     bool openPage(const QString &path);
     bool exportPage(const QString &path);
     bool exportSelected(const QString &path);
+    bool printPage(class QPrinter *printer);
     void newPage();
+    // Full screen without toolbox, panel and menus; handles on demand.
+    void setPresenting(bool on);
+    bool presenting() const;
+    // Language, layout, last folder and recent files, kept between runs.
+    void restoreSettings();
+    void saveSettings() const;
+    QStringList recentFiles() const { return m_recent; }
+    // The unsaved-changes question; Save is its default answer.
+    class QMessageBox *makeDiscardPrompt();
     // The apparatus's own capture and re-application of its state; a restore is one undo step.
     bool captureSelected();
     bool restoreSelected();
@@ -75,6 +100,7 @@ private:
     void updateTitle();
     void afterUndoRedo();
     void onSelectionChanged(CWBPhysicalObject *obj);
+    QString folder() const;
     bool confirmDiscard();
     void fail(const QString &message);
     void openInteractive();
@@ -87,9 +113,25 @@ private:
     PropertyPanel *m_panel;
     class QDockWidget *m_toolDock;
     class QDockWidget *m_panelDock;
-    QMenu *m_fileMenu = nullptr, *m_editMenu = nullptr, *m_langMenu = nullptr;
-    QAction *m_new, *m_open, *m_save, *m_saveAs, *m_exportPage, *m_exportItem, *m_quit;
+    QMenu *m_fileMenu = nullptr, *m_editMenu = nullptr, *m_langMenu = nullptr, *m_viewMenu = nullptr;
+    QMenu *m_toolMenu = nullptr, *m_recentMenu = nullptr;
+    QAction *m_new, *m_open, *m_save, *m_saveAs, *m_exportPage, *m_exportItem, *m_print, *m_quit;
     QAction *m_undo, *m_redo, *m_delete, *m_resetTransform, *m_english, *m_chinese;
+    QAction *m_cut, *m_copy, *m_paste, *m_duplicate, *m_selectAll, *m_front, *m_back;
+    QAction *m_zoomIn, *m_zoomOut, *m_zoomFit, *m_zoom100, *m_present;
+    QAction *m_tools[4];
+    void buildViewMenus();
+    void rebuildRecentMenu();
+    void addRecent(const QString &path);
+    void updateEditActions();
+    // Puts content's items on the page offset by step times the offset, as one step.
+    bool pasteContent(struct PageContent &content, const QString &text);
+    void printInteractive();
+    QStringList m_recent;
+    QString m_lastFolder;
+    int m_pasteCount = 0;
+    QByteArray m_lastCopy;
+    QByteArray m_duplicateBuffer;
     QAction *m_capture, *m_restore;
     QMenu *m_playMenu = nullptr;
     QAction *m_record, *m_stopRecord, *m_play;

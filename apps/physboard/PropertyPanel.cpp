@@ -1,4 +1,5 @@
 #include "PropertyPanel.h"
+#include <svgpropitem.h>
 #include "Strings.h"
 #include <QApplication>
 #include <QCheckBox>
@@ -62,8 +63,14 @@ ColorButton::ColorButton(QWidget *parent) : QToolButton(parent)
 
 void ColorButton::setColor(const QColor &c, bool notify)
 {
-    if (!c.isValid())
+    if (!c.isValid()) {
+        // Nothing picked yet: the drawing keeps its own colours.
+        m_color = QColor();
+        setIcon(QIcon());
+        setText(Strings::text(QStringLiteral("BOARD_COLOR_AS_DRAWN")));
+        setToolButtonStyle(Qt::ToolButtonTextOnly);
         return;
+    }
     m_color = c;
     QPixmap swatch(32, 16);
     swatch.fill(c);
@@ -77,7 +84,8 @@ void ColorButton::setColor(const QColor &c, bool notify)
 
 void ColorButton::pick()
 {
-    const QColor c = QColorDialog::getColor(m_color, this, Strings::text(QStringLiteral("BOARD_PICK_COLOR")));
+    const QColor c = QColorDialog::getColor(m_color.isValid() ? m_color : QColor(Qt::black), this,
+                                            Strings::text(QStringLiteral("BOARD_PICK_COLOR")));
     if (c.isValid() && c != m_color)
         setColor(c, true);
 }
@@ -100,7 +108,7 @@ PropertyPanel::PropertyPanel(QWidget *parent) : QWidget(parent)
         double lo, hi, step;
         int decimals;
         const char *suffix;
-    } kinds[PlaceCount] = {{-1e6, 1e6, 1, 1, ""}, {-1e6, 1e6, 1, 1, ""}, {-360, 360, 1, 1, " °"}, {10, 1000, 5, 0, " %"}};
+    } kinds[PlaceCount] = {{0, 1600, 1, 1, ""}, {0, 1000, 1, 1, ""}, {-360, 360, 1, 1, " °"}, {10, 1000, 5, 0, " %"}};
     for (int i = 0; i < PlaceCount; ++i) {
         auto *s = new QDoubleSpinBox(m_placeBox);
         s->setRange(kinds[i].lo, kinds[i].hi);
@@ -153,6 +161,44 @@ void PropertyPanel::setObject(CWBPhysicalObject *obj)
     rebuild();
 }
 
+void PropertyPanel::setSelectionCount(int count)
+{
+    m_count = count;
+    if (count > 1)
+        m_title->setText(Strings::text(QStringLiteral("BOARD_MANY_SELECTED")).arg(count));
+}
+
+void PropertyPanel::addHostColors()
+{
+    // Every colour the host keeps for the apparatus (a wire's, a lamp's light) gets a
+    // swatch, whether or not the apparatus's own settings name it.
+    for (const CSVGPropItem *item : m_obj->content()->propItems()) {
+        const int id = item->attributeId();
+        if (item->dataType() != DATA_TYPE_COLOR || (id != CSVGBase::PROP_COLOR && id != CSVGBase::PROP_LAMP_COLOR))
+            continue;
+        QByteArray bytes;
+        QColor c;
+        {
+            QDataStream out(&bytes, QIODevice::WriteOnly);
+            m_obj->content()->GetAttribute(id, out);
+        }
+        QDataStream in(bytes);
+        in >> c;
+        auto *b = new ColorButton(this);
+        b->setColor(c, false);
+        b->setObjectName(hostColorId(id));
+        connect(b, &ColorButton::colorPicked, this, [this, id](const QColor &picked) {
+            if (!m_showing)
+                emit hostColorEdited(id, picked);
+        });
+        auto *label = new QLabel(Strings::label(item->name()), this);
+        label->setBuddy(b);
+        m_form->addRow(label, b);
+        m_editors.insert(hostColorId(id), b);
+        m_labels.insert(hostColorId(id), label);
+    }
+}
+
 bool PropertyPanel::wantsRefresh(const QString &id) const
 {
     for (const QJsonValue &v : m_settings) {
@@ -184,7 +230,8 @@ void PropertyPanel::rebuild()
     m_settings = QJsonArray();
     refreshPlacement();
     if (!m_obj || !m_obj->content()) {
-        m_title->setText(Strings::text(QStringLiteral("BOARD_NO_SELECTION")));
+        m_title->setText(m_count > 1 ? Strings::text(QStringLiteral("BOARD_MANY_SELECTED")).arg(m_count)
+                                     : Strings::text(QStringLiteral("BOARD_NO_SELECTION")));
         return;
     }
     m_title->setText(Strings::typeName(m_obj->typeId()));
@@ -207,6 +254,7 @@ void PropertyPanel::rebuild()
         m_editors.insert(id, w);
         m_labels.insert(id, label);
     }
+    addHostColors();
     if (m_editors.isEmpty()) {
         auto *none = new QLabel(Strings::text(QStringLiteral("BOARD_NO_PROPERTIES")), this);
         none->setWordWrap(true);

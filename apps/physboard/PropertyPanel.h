@@ -35,6 +35,10 @@ public:
 
     CWBPhysicalObject *object() const { return m_obj; }
     void setObject(CWBPhysicalObject *obj);
+    // How many items are selected; with several the panel says so instead.
+    void setSelectionCount(int count);
+    // Panel ids of the host's colours ("host5002", "host5005").
+    static QString hostColorId(int attributeId) { return QStringLiteral("host%1").arg(attributeId); }
     // Builds every editor anew from the apparatus's settings array.
     void rebuild();
     // Re-reads the values; rebuilds when the apparatus now offers other items.
@@ -58,6 +62,8 @@ signals:
     // A value the user set, as the apparatus reads it back.
     void edited(const QString &id, const QString &value);
     void placementEdited(int field, double value);
+    // One of the host's colours (the drawing's or a lamp's light).
+    void hostColorEdited(int attributeId, const QColor &color);
     // The apparatus did not take a value as given (a text cut to length, say).
     void notice(const QString &text);
 
@@ -76,6 +82,8 @@ private:
     QMap<QString, QWidget *> m_editors;
     QMap<QString, QLabel *> m_labels;
     bool m_showing = false;
+    int m_count = 0;
+    void addHostColors();
     QGroupBox *m_placeBox;
     QFormLayout *m_placeForm;
     QDoubleSpinBox *m_place[PlaceCount];

@@ -92,8 +92,42 @@ const Row kRows[] = {
     {"BOARD_OPEN", "&Open page…", "打开页面(&O)…"},
     {"BOARD_SAVE", "&Save page", "保存页面(&S)"},
     {"BOARD_SAVE_AS", "Save page &as…", "页面另存为(&A)…"},
-    {"BOARD_EXPORT_PAGE", "&Export page as SVG or PNG…", "导出页面为 SVG 或 PNG(&E)…"},
-    {"BOARD_EXPORT_ITEM", "Export selected &apparatus as SVG or PNG…", "导出所选器材为 SVG 或 PNG…"},
+    {"BOARD_EXPORT_PAGE", "&Export page…", "导出页面(&E)…"},
+    {"BOARD_EXPORT_ITEM", "Export se&lection…", "导出所选内容(&L)…"},
+    {"BOARD_PRINT", "&Print…", "打印(&P)…"},
+    {"BOARD_RECENT", "Recent &files", "最近的文件(&F)"},
+    {"BOARD_RECENT_CLEAR", "Clear the list", "清除列表"},
+    {"BOARD_CUT", "Cu&t", "剪切(&T)"},
+    {"BOARD_COPY", "&Copy", "复制(&C)"},
+    {"BOARD_PASTE", "&Paste", "粘贴(&P)"},
+    {"BOARD_DUPLICATE", "D&uplicate", "创建副本(&U)"},
+    {"BOARD_SELECT_ALL", "Select &all", "全选(&A)"},
+    {"BOARD_FRONT", "Bring to &front", "置于顶层(&F)"},
+    {"BOARD_BACK", "Send to &back", "置于底层(&B)"},
+    {"BOARD_ZOOM_IN", "Zoom &in", "放大(&I)"},
+    {"BOARD_ZOOM_OUT", "Zoom &out", "缩小(&O)"},
+    {"BOARD_ZOOM_FIT", "&Fit the page", "适合页面(&F)"},
+    {"BOARD_ZOOM_100", "&Actual size (100 %)", "实际大小 (100%)(&A)"},
+    {"BOARD_PRESENT", "&Presentation", "演示(&P)"},
+    {"BOARD_PRESENT_HINT", "Presentation: handles show under the pointer; Esc leaves.", "演示模式：指针下方的器材显示控制点；按 Esc 退出。"},
+    {"BOARD_MENU_TOOLS", "&Tools", "工具(&T)"},
+    {"BOARD_TOOL_SELECT", "&Select and move", "选择和移动(&S)"},
+    {"BOARD_TOOL_PEN", "&Pen", "画笔(&P)"},
+    {"BOARD_TOOL_TEXT", "&Text", "文本(&T)"},
+    {"BOARD_TOOL_ARROW", "&Arrow", "箭头(&A)"},
+    {"BOARD_TEXT_HINT", "Type; Ctrl+Enter places the text, Esc cancels.", "输入文字；Ctrl+Enter 放置，Esc 取消。"},
+    {"BOARD_MARK_INK", "Ink", "笔迹"},
+    {"BOARD_MARK_TEXT", "Text", "文本"},
+    {"BOARD_MARK_ARROW", "Arrow", "箭头"},
+    {"BOARD_MARK_COLOR", "Colour", "颜色"},
+    {"BOARD_MARK_WIDTH", "Line width", "线宽"},
+    {"BOARD_MARK_SIZE", "Text size", "字号"},
+    {"BOARD_MANY_SELECTED", "%1 items selected.", "已选择 %1 项。"},
+    {"BOARD_SAVE_BUTTON", "Save", "保存"},
+    {"BOARD_DISCARD_BUTTON", "Discard", "不保存"},
+    {"BOARD_PRINTED", "Sent the page to the printer", "已将页面发送到打印机"},
+    {"BOARD_ERR_BAD_ITEM", "%1: item %2 cannot be read; nothing was loaded.", "%1：第 %2 项无法读取；未载入任何内容。"},
+    {"BOARD_ERR_PASTE", "The clipboard holds nothing the board can paste.", "剪贴板中没有可粘贴到画板的内容。"},
     {"BOARD_QUIT", "&Quit", "退出(&Q)"},
     {"BOARD_UNDO", "&Undo", "撤销(&U)"},
     {"BOARD_REDO", "&Redo", "重做(&R)"},
@@ -123,8 +157,10 @@ const Row kRows[] = {
     {"BOARD_ROTATION", "Rotation", "旋转"},
     {"BOARD_SCALE", "Scale", "缩放"},
     {"BOARD_PICK_COLOR", "Pick a colour", "选择颜色"},
+    {"BOARD_COLOR_AS_DRAWN", "As drawn", "原色"},
     {"BOARD_PAGE_FILES", "Physics pages (*.phb)", "物理页面 (*.phb)"},
-    {"BOARD_EXPORT_FILES", "SVG drawing (*.svg);;PNG picture (*.png)", "SVG 矢量图 (*.svg);;PNG 图片 (*.png)"},
+    {"BOARD_EXPORT_FILES", "PDF document (*.pdf);;PNG picture (*.png);;SVG drawing (*.svg)",
+     "PDF 文档 (*.pdf);;PNG 图片 (*.png);;SVG 矢量图 (*.svg)"},
     {"BOARD_EXPORTING", "Exporting the page…", "正在导出页面…"},
     {"BOARD_CANCEL", "Cancel", "取消"},
     {"BOARD_ERROR", "Physics board", "物理画板"},
@@ -147,7 +183,7 @@ const Row kRows[] = {
     {"IDS_PHYSICSOBJ_TEXT_CUT", "The text was cut to %1 characters.", "文字已截断为 %1 个字符。"},
     {"BOARD_ERR_EXPORT", "Cannot export to %1.", "无法导出到 %1。"},
     {"BOARD_ERR_NOTHING", "There is nothing to export.", "没有可导出的内容。"},
-    {"BOARD_DISCARD", "The page has unsaved changes. Discard them?", "页面有未保存的更改。放弃这些更改吗？"},
+    {"BOARD_DISCARD", "The page has unsaved changes. Save them?", "页面有未保存的更改。是否保存？"},
     {"BOARD_SAVED", "Saved %1", "已保存 %1"},
     {"BOARD_OPENED", "Opened %1", "已打开 %1"},
     {"BOARD_EXPORTED", "Exported %1", "已导出 %1"},
@@ -160,6 +196,15 @@ const Row kRows[] = {
     {"BOARD_CMD_SCALE", "Scale %1", "缩放%1"},
     {"BOARD_CMD_HANDLE", "Drag a handle of %1", "拖动%1的控制点"},
     {"BOARD_CMD_EDIT", "Change %1", "修改%1"},
+    {"BOARD_CMD_MANY", "%1 %2 items", "%1 %2 项"},
+    {"BOARD_CMD_PASTE", "Paste", "粘贴"},
+    {"BOARD_CMD_DUPLICATE", "Duplicate", "创建副本"},
+    {"BOARD_CMD_CUT", "Cut", "剪切"},
+    {"BOARD_CMD_FRONT", "Bring to front", "置于顶层"},
+    {"BOARD_CMD_BACK", "Send to back", "置于底层"},
+    {"BOARD_CMD_INK", "Draw ink", "绘制笔迹"},
+    {"BOARD_CMD_TEXT", "Add text", "添加文本"},
+    {"BOARD_CMD_ARROW", "Draw an arrow", "绘制箭头"},
 };
 
 struct TypeRow {
@@ -246,6 +291,14 @@ QString text(const QString &key, Language lang)
 }
 
 QString text(const QString &key) { return text(key, g_language); }
+
+QString plain(const QString &key)
+{
+    static const QRegularExpression mnemonic(QStringLiteral("\\(&[^)]\\)|&(?!&)"));
+    QString s = text(key);
+    s.remove(mnemonic);
+    return s.replace(QLatin1String("&&"), QLatin1String("&"));
+}
 
 QString label(const QString &keyOrText)
 {

@@ -15,6 +15,9 @@ void setLanguage(Language lang);
 // never shows raw: it is turned into readable words.
 QString text(const QString &key);
 QString text(const QString &key, Language lang);
+// The text without its keyboard mnemonic ("&Open…" -> "Open…", "打开(&O)…" -> "打开…"),
+// for window and dialog titles.
+QString plain(const QString &key);
 // Whether the table itself holds a translation of the key in that language.
 bool has(const QString &key, Language lang);
 // A panel text: string-resource keys are translated, anything else (an option

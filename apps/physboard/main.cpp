@@ -1,40 +1,84 @@
-// physboard: place, drag and edit apparatus on a page.
+// physboard: place, drag and edit apparatus on a page; or, with --export, write a page
+// as PDF, PNG or SVG without showing anything.
 #include "BoardWindow.h"
 #include "Strings.h"
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QTextStream>
 #include <QTimer>
+#include <cstring>
+
+namespace {
+
+bool wantsExport(int argc, char **argv)
+{
+    for (int i = 1; i < argc; ++i)
+        if (std::strcmp(argv[i], "--export") == 0 || std::strncmp(argv[i], "--export=", 9) == 0)
+            return true;
+    return false;
+}
+
+} // namespace
 
 int main(int argc, char **argv)
 {
+    // A headless export needs no display; worksheets are made on servers too.
+    if (wantsExport(argc, argv) && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
+    QCoreApplication::setOrganizationName(QStringLiteral("physlab"));
     QCoreApplication::setApplicationName(QStringLiteral("physboard"));
     QCommandLineParser cli;
     cli.setApplicationDescription(QStringLiteral("A board on which apparatus are placed, dragged and edited."));
     cli.addHelpOption();
-    QCommandLineOption lang(QStringLiteral("lang"), QStringLiteral("Language: en or zh."), QStringLiteral("code"), QStringLiteral("en"));
+    QCommandLineOption lang(QStringLiteral("lang"), QStringLiteral("Language: en or zh (default: as last time)."), QStringLiteral("code"));
     QCommandLineOption demo(QStringLiteral("demo"), QStringLiteral("Start with a page of several apparatus."));
     QCommandLineOption shot(QStringLiteral("screenshot"), QStringLiteral("Save a picture of the window to FILE and quit."),
                             QStringLiteral("FILE"));
-    cli.addOptions({lang, demo, shot});
+    QCommandLineOption present(QStringLiteral("present"), QStringLiteral("Start in the presentation."));
+    QCommandLineOption exportTo(QStringLiteral("export"),
+                                QStringLiteral("Write the page to OUT (.pdf, .png or .svg) and quit, showing nothing."),
+                                QStringLiteral("OUT"));
+    cli.addOptions({lang, demo, shot, present, exportTo});
     cli.addPositionalArgument(QStringLiteral("page"), QStringLiteral("A page file to open."));
     cli.process(app);
 
+    QTextStream err(stderr);
+    const QStringList pages = cli.positionalArguments();
+    if (cli.isSet(exportTo)) {
+        if (pages.size() != 1) {
+            err << "physboard: --export needs exactly one page file, as in: physboard PAGE --export OUT.pdf\n";
+            return 2;
+        }
+        BoardWindow w;
+        if (!w.openPage(pages.first())) {
+            err << "physboard: " << w.lastError() << '\n';
+            return 1;
+        }
+        if (!w.exportPage(cli.value(exportTo))) {
+            err << "physboard: " << (w.lastError().isEmpty() ? QStringLiteral("cannot export to %1").arg(cli.value(exportTo)) : w.lastError())
+                << '\n';
+            return 1;
+        }
+        return 0;
+    }
+
     BoardWindow w;
-    if (cli.value(lang).startsWith(QLatin1String("zh")))
-        w.setLanguage(Strings::Chinese);
+    w.restoreSettings();
+    if (cli.isSet(lang))
+        w.setLanguage(cli.value(lang).startsWith(QLatin1String("zh")) ? Strings::Chinese : Strings::English);
     if (cli.isSet(demo))
         w.fillDemoPage();
-    const QStringList pages = cli.positionalArguments();
     if (!pages.isEmpty() && !w.openPage(pages.first()))
-        QTextStream(stderr) << "physboard: " << w.lastError() << '\n';
+        err << "physboard: " << w.lastError() << '\n';
     w.show();
+    if (cli.isSet(present))
+        w.setPresenting(true);
     if (cli.isSet(shot)) {
         QCoreApplication::processEvents();
         const bool ok = w.grab().save(cli.value(shot));
         if (!ok)
-            QTextStream(stderr) << "physboard: cannot write " << cli.value(shot) << '\n';
+            err << "physboard: cannot write " << cli.value(shot) << '\n';
         return ok ? 0 : 1;
     }
     return app.exec();

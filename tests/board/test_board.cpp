@@ -9,6 +9,7 @@
 #include "Strings.h"
 #include "Toolbox.h"
 #include "../docdiff.h"
+#include "input.h"
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
@@ -58,20 +59,6 @@ QString settingValue(CWBPhysicalObject *o, const QString &id)
     return QString();
 }
 
-void press(QWidget *w, const QPointF &p) { QTest::mousePress(w, Qt::LeftButton, {}, p.toPoint()); }
-void release(QWidget *w, const QPointF &p) { QTest::mouseRelease(w, Qt::LeftButton, {}, p.toPoint()); }
-void moveTo(QWidget *w, const QPointF &p, Qt::KeyboardModifiers mods = {})
-{
-    QMouseEvent e(QEvent::MouseMove, p, w->mapToGlobal(p.toPoint()), Qt::NoButton, Qt::LeftButton, mods);
-    QApplication::sendEvent(w, &e);
-}
-void drag(QWidget *w, const QPointF &from, const QPointF &to, int steps = 8)
-{
-    press(w, from);
-    for (int i = 1; i <= steps; ++i)
-        moveTo(w, from + (to - from) * i / steps);
-    release(w, to);
-}
 
 // Every string-resource key in a byte array written by QDataStream (combo data).
 QStringList keysInStream(const QByteArray &b)
@@ -147,7 +134,8 @@ public:
 };
 
 // A page file of the board's format around any body.
-QByteArray pageBytes(const QByteArray &body, quint16 version = BoardPage::kVersion)
+// The bodies these tests write are laid out as pages of format 2 (apparatus only).
+QByteArray pageBytes(const QByteArray &body, quint16 version = 2)
 {
     QByteArray file;
     QDataStream out(&file, QIODevice::WriteOnly);
@@ -184,6 +172,7 @@ private slots:
     void initTestCase()
     {
         QDir().mkpath(QStringLiteral(ARTEFACT_DIR));
+        keepSettingsIn(QStringLiteral(ARTEFACT_DIR "/settings"));
         Strings::setLanguage(Strings::English);
     }
 
