@@ -14,6 +14,22 @@ namespace {
 QString T(const char *key) { return Strings::text(QLatin1String(key)); }
 } // namespace
 
+void BoardView::setMarkStyle(int kind, const QColor &color, double size)
+{
+    if (color.isValid())
+        m_markColor = color;
+    if (kind > 0 && kind < 4)
+        m_markSize[kind] = size;
+}
+
+void BoardView::styleMark(Annotation *mark) const
+{
+    if (m_markColor.isValid())
+        mark->setColor(m_markColor);
+    if (m_markSize[mark->kind()] > 0)
+        mark->setSize(m_markSize[mark->kind()]);
+}
+
 void BoardView::addMark(Annotation *mark, const QString &key)
 {
     mark->setZValue(m_page->topZ() + 1);
@@ -24,6 +40,7 @@ void BoardView::addMark(Annotation *mark, const QString &key)
 void BoardView::beginInk(const QPointF &scenePos, double pressure)
 {
     m_ink = static_cast<InkStroke *>(Annotation::create(Annotation::Ink));
+    styleMark(m_ink);
     m_ink->setPos(scenePos);
     m_ink->setZValue(m_page->topZ() + 1);
     m_ink->addPoint(QPointF(0, 0), pressure);
@@ -97,7 +114,9 @@ void BoardView::beginText(const QPointF &scenePos, TextNote *editing)
     m_editorScene = scenePos;
     auto *editor = new QPlainTextEdit(viewport());
     editor->setObjectName(QStringLiteral("textEditor"));
-    QFont f = editing ? editing->font() : TextNote().font();
+    TextNote styled;
+    styleMark(&styled);
+    QFont f = editing ? editing->font() : styled.font();
     f.setPixelSize(qMax(6, int(std::lround(f.pixelSize() * zoom() * (editing ? editing->scale() : 1)))));
     editor->setFont(f);
     editor->setFrameShape(QFrame::Box);
@@ -145,6 +164,7 @@ void BoardView::finishText(bool commit)
     if (!commit || empty)
         return;
     auto *note = static_cast<TextNote *>(Annotation::create(Annotation::Text));
+    styleMark(note);
     note->setText(text);
     note->setPos(m_editorScene);
     addMark(note, QStringLiteral("BOARD_CMD_TEXT"));

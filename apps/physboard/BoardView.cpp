@@ -339,6 +339,7 @@ void BoardView::mousePressEvent(QMouseEvent *event)
     }
     if (m_tool == ArrowTool) {
         auto *arrow = static_cast<ArrowMark *>(Annotation::create(Annotation::Arrow));
+        styleMark(arrow);
         arrow->setPos(m_pressScene);
         arrow->setLine(QPointF(0, 0), QPointF(0, 0));
         arrow->setZValue(m_page->topZ() + 1);

@@ -55,6 +55,8 @@ public:
     // Handles hidden except on the apparatus under the pointer or finger; nothing moves.
     void setPresenting(bool on);
     bool presenting() const { return m_presenting; }
+    // Colour and size of the marks the tools draw next (kind: Annotation::Kind).
+    void setMarkStyle(int kind, const QColor &color, double size);
 
     // Moves the selection by a page offset as one undo step (wires follow what they hold).
     void moveSelection(const QPointF &offset);
@@ -161,4 +163,7 @@ private:
     QPlainTextEdit *m_editor = nullptr;
     QPointF m_editorScene;
     TextNote *m_editing = nullptr;
+    QColor m_markColor;          // invalid: each kind's own
+    double m_markSize[4] = {0, 0, 0, 0};
+    void styleMark(Annotation *mark) const;
 };

@@ -1,4 +1,5 @@
 #include "BoardWindow.h"
+#include "Annotations.h"
 #include "BoardView.h"
 #include "Commands.h"
 #include "Page.h"
@@ -74,6 +75,24 @@ BoardWindow::BoardWindow(QWidget *parent) : QMainWindow(parent)
     });
     connect(m_panel, &PropertyPanel::edited, this, &BoardWindow::applyEdit);
     connect(m_panel, &PropertyPanel::placementEdited, this, &BoardWindow::applyPlacement);
+    auto editMark = [this](const std::function<void(Annotation *)> &change) {
+        Annotation *mark = m_panel->mark();
+        if (!mark || mark->scene() != m_page)
+            return;
+        const QByteArray from = mark->data();
+        change(mark);
+        if (mark->data() != from)
+            GetFramework()->pushUndo(new MarkDataCmd(mark, from, mark->data(), T("BOARD_CMD_EDIT").arg(BoardPage::nameOf(mark))));
+        // New marks of the kind are drawn the same way.
+        m_view->setMarkStyle(mark->kind(), mark->color(), mark->size());
+        m_view->refreshOverlay();
+    };
+    connect(m_panel, &PropertyPanel::markColorEdited, this, [editMark](const QColor &c) {
+        editMark([c](Annotation *m) { m->setColor(c); });
+    });
+    connect(m_panel, &PropertyPanel::markSizeEdited, this, [editMark](double v) {
+        editMark([v](Annotation *m) { m->setSize(v); });
+    });
     connect(m_panel, &PropertyPanel::hostColorEdited, this, [this](int id, const QColor &c) {
         CWBPhysicalObject *obj = m_panel->object();
         if (!obj || !obj->content() || obj->scene() != m_page)
@@ -299,7 +318,11 @@ void BoardWindow::redo()
 
 void BoardWindow::onSelectionChanged(CWBPhysicalObject *obj)
 {
-    m_panel->setObject(obj);
+    QGraphicsItem *primary = m_view->primary();
+    if (!obj && m_view->selection().size() == 1 && primary && primary->type() == Annotation::Type)
+        m_panel->setMark(static_cast<Annotation *>(primary));
+    else
+        m_panel->setObject(obj);
     m_panel->setSelectionCount(m_view->selection().size());
     updateEditActions();
     m_capture->setEnabled(obj);

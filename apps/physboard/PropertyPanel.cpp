@@ -1,6 +1,8 @@
 #include "PropertyPanel.h"
-#include <svgpropitem.h>
+#include "Annotations.h"
+#include "Page.h"
 #include "Strings.h"
+#include <svgpropitem.h>
 #include <QApplication>
 #include <QCheckBox>
 #include <QKeyEvent>
@@ -158,7 +160,49 @@ void PropertyPanel::refreshPlacement()
 void PropertyPanel::setObject(CWBPhysicalObject *obj)
 {
     m_obj = obj;
+    m_mark = nullptr;
     rebuild();
+}
+
+void PropertyPanel::setMark(Annotation *mark)
+{
+    m_obj = nullptr;
+    m_mark = mark;
+    rebuild();
+}
+
+void PropertyPanel::addMarkRows()
+{
+    auto *colour = new ColorButton(this);
+    colour->setObjectName(QStringLiteral("markColor"));
+    colour->setColor(m_mark->color(), false);
+    connect(colour, &ColorButton::colorPicked, this, [this](const QColor &c) {
+        if (!m_showing)
+            emit markColorEdited(c);
+    });
+    auto *size = new QDoubleSpinBox(this);
+    size->setObjectName(QStringLiteral("markSize"));
+    size->setRange(Annotation::minSize(m_mark->kind()), Annotation::maxSize(m_mark->kind()));
+    size->setDecimals(1);
+    size->setSuffix(QStringLiteral(" px"));
+    size->setKeyboardTracking(false);
+    m_showing = true;
+    size->setValue(m_mark->size());
+    m_showing = false;
+    connect(size, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this, [this](double v) {
+        if (!m_showing)
+            emit markSizeEdited(v);
+    });
+    const bool text = m_mark->kind() == Annotation::Text;
+    for (QWidget *w : {static_cast<QWidget *>(colour), static_cast<QWidget *>(size)}) {
+        w->installEventFilter(this);
+        for (QWidget *child : w->findChildren<QWidget *>())
+            child->installEventFilter(this);
+    }
+    m_form->addRow(new QLabel(Strings::text(QStringLiteral("BOARD_MARK_COLOR")), this), colour);
+    m_form->addRow(new QLabel(Strings::text(text ? QStringLiteral("BOARD_MARK_SIZE") : QStringLiteral("BOARD_MARK_WIDTH")), this), size);
+    m_editors.insert(QStringLiteral("markColor"), colour);
+    m_editors.insert(QStringLiteral("markSize"), size);
 }
 
 void PropertyPanel::setSelectionCount(int count)
@@ -229,6 +273,11 @@ void PropertyPanel::rebuild()
     m_labels.clear();
     m_settings = QJsonArray();
     refreshPlacement();
+    if (!m_obj && m_mark) {
+        m_title->setText(BoardPage::nameOf(m_mark));
+        addMarkRows();
+        return;
+    }
     if (!m_obj || !m_obj->content()) {
         m_title->setText(m_count > 1 ? Strings::text(QStringLiteral("BOARD_MANY_SELECTED")).arg(m_count)
                                      : Strings::text(QStringLiteral("BOARD_NO_SELECTION")));

@@ -5,6 +5,7 @@
 #include <QToolButton>
 #include <QWidget>
 
+class Annotation;
 class CWBPhysicalObject;
 class QDoubleSpinBox;
 class QFormLayout;
@@ -35,6 +36,9 @@ public:
 
     CWBPhysicalObject *object() const { return m_obj; }
     void setObject(CWBPhysicalObject *obj);
+    // A mark's colour and size instead of an apparatus's settings.
+    void setMark(Annotation *mark);
+    Annotation *mark() const { return m_mark; }
     // How many items are selected; with several the panel says so instead.
     void setSelectionCount(int count);
     // Panel ids of the host's colours ("host5002", "host5005").
@@ -64,6 +68,8 @@ signals:
     void placementEdited(int field, double value);
     // One of the host's colours (the drawing's or a lamp's light).
     void hostColorEdited(int attributeId, const QColor &color);
+    void markColorEdited(const QColor &color);
+    void markSizeEdited(double size);
     // The apparatus did not take a value as given (a text cut to length, say).
     void notice(const QString &text);
 
@@ -84,6 +90,8 @@ private:
     bool m_showing = false;
     int m_count = 0;
     void addHostColors();
+    void addMarkRows();
+    Annotation *m_mark = nullptr;
     QGroupBox *m_placeBox;
     QFormLayout *m_placeForm;
     QDoubleSpinBox *m_place[PlaceCount];

@@ -239,6 +239,22 @@ private slots:
         QCOMPARE(marks(w->page()).size(), 1);
         auto *ink = static_cast<InkStroke *>(marks(w->page()).first());
         QVERIFY(ink->points().size() > 10);
+        // Recoloured from the panel in one step; the next stroke takes the colour too.
+        QCOMPARE(w->view()->primary(), ink);
+        auto *swatch = w->panel()->findChild<ColorButton *>(QStringLiteral("markColor"));
+        QVERIFY(swatch);
+        swatch->setColor(Qt::red, true);
+        QCOMPARE(ink->color(), QColor(Qt::red));
+        QCOMPARE(stack()->count(), steps + 2);
+        w->undo();
+        QVERIFY(ink->color() != QColor(Qt::red));
+        drag(vp(), QPointF(100, 400), QPointF(200, 420), 10);
+        QCOMPARE(marks(w->page()).last()->color(), QColor(Qt::red));
+        w->undo();
+        QCOMPARE(stack()->count(), steps + 2);
+        stack()->setIndex(steps + 1); // the first stroke only
+        QCOMPARE(stack()->count(), steps + 2);
+        QCOMPARE(marks(w->page()).size(), 1);
 
         w->view()->setTool(BoardView::ArrowTool);
         drag(vp(), QPointF(400, 300), QPointF(520, 260));
@@ -249,7 +265,7 @@ private slots:
         QTest::keyClicks(editor, QStringLiteral("F = ma"));
         QTest::keyClick(editor, Qt::Key_Return, Qt::ControlModifier);
         QCOMPARE(marks(w->page()).size(), 3);
-        QCOMPARE(stack()->count(), steps + 3);
+        QCOMPARE(stack()->index(), steps + 3);
 
         QList<QByteArray> before;
         for (Annotation *m : marks(w->page()))
