@@ -128,6 +128,36 @@ TEST_P(EveryApparatus, ReportsItsOwnType)
     EXPECT_EQ(json["svgbase_type"].toInt(), GetParam());
 }
 
+// The document is written whole, declaration first, as another renderer expects it.
+TEST_P(EveryApparatus, WritesAWholeXmlDocument)
+{
+    ObjPtr o = makeObject(GetParam(), true);
+    const QString svg = svgText(o->content());
+    EXPECT_TRUE(svg.startsWith(QLatin1String("<?xml version=\"1.0\"")));
+    EXPECT_TRUE(svg.trimmed().endsWith(QLatin1String("</svg>")));
+}
+
+// A reopened apparatus tells the panel of a drag exactly as the original does: the
+// load leaves nothing muted.
+TEST_P(EveryApparatus, ADragAfterReopeningPostsAsTheOriginalDoes)
+{
+    ObjPtr o = makeObject(GetParam(), true);
+    CSVGBase *c = o->content();
+    if (c->controlNodes().isEmpty())
+        GTEST_SKIP() << "no handle";
+    ObjPtr back = loadBytes(GetParam(), saveBytes(c));
+    ASSERT_TRUE(back);
+    auto postsOfADrag = [](CSVGBase *c) {
+        GetFramework()->clearMessages();
+        QSvgNode *h = c->controlNodes().last();
+        c->moveControlPoint(h, QPointF(9, 7), false);
+        c->moveControlPoint(h, QPointF(4, 3), true);
+        return GetFramework()->settingsMessages();
+    };
+    const QVector<QByteArray> original = postsOfADrag(c);
+    EXPECT_EQ(postsOfADrag(back->content()), original);
+}
+
 TEST_P(EveryApparatus, EveryEditIsOneExactUndoStepAndReopensExactly)
 {
     ObjPtr o = makeObject(GetParam(), true);

@@ -153,7 +153,8 @@ TEST_P(LabelledSymbol, UndoOfALabelEditRestoresTextAndWidth)
     ObjPtr o = makeObject(s().type);
     const QRectF before = viewBox(o);
     const QString placed = svgText(o->content());
-    setting(o, "idTextContent", kLong);
+    // The edit is made and said to be made.
+    EXPECT_TRUE(setting(o, "idTextContent", kLong));
     QUndoStack *undo = GetFramework()->undoStack();
     ASSERT_EQ(undo->count(), 1);
     EXPECT_EQ(static_cast<const CSVGBaseUndoCmd *>(undo->command(0))->propId(), 1101);

@@ -3,6 +3,7 @@
 #include "helpers.h"
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 #include <bases/Meter.h>
 #include <electromagnetism/MeterAmpere.h>
 
@@ -206,6 +207,44 @@ TEST_P(MeterFamily, BadTypedValuesLeaveAUsableMeter)
     }
     dragCentreTo(o, onCircle(5));
     EXPECT_NEAR(pointerAngle(o), 5, 1e-9);
+}
+
+// The face as a reader checks it: a long tick under every figure, evenly from end to
+// end of the arc, and binding posts where wires attach.
+TEST_P(MeterFamily, LongTicksStandAtTheFiguresAndPostsAtTheTerminals)
+{
+    ObjPtr o = makeObject(GetParam(), true);
+    const QString svg = svgText(o->content());
+    const QMap<int, int> figures{{403, 4}, {404, 4}, {405, 7}, {406, 7}};
+    // Ticks of the heavy stroke; the long ones are 12 units, the middle ones 9.
+    const QRegularExpression heavy(QStringLiteral("stroke-width=\"1.5\" d=\"([^\"]*)\""));
+    const QRegularExpressionMatch m = heavy.match(svg);
+    ASSERT_TRUE(m.hasMatch());
+    const QRegularExpression seg(QStringLiteral("M([-\\d.]+),([-\\d.]+)L([-\\d.]+),([-\\d.]+)"));
+    QVector<double> longAngles;
+    for (auto it = seg.globalMatch(m.captured(1)); it.hasNext();) {
+        const QRegularExpressionMatch t = it.next();
+        const QPointF p(t.captured(1).toDouble(), t.captured(2).toDouble()), q(t.captured(3).toDouble(), t.captured(4).toDouble());
+        if (std::abs(std::hypot(p.x() - q.x(), p.y() - q.y()) - 12) < 0.01)
+            longAngles << std::atan2(p.x() - kPivot.x(), kPivot.y() - p.y()) * 180 / kPi;
+    }
+    ASSERT_EQ(longAngles.size(), figures.value(GetParam()));
+    EXPECT_NEAR(longAngles.first(), -51, 0.01); // points are written to two decimals
+    EXPECT_NEAR(longAngles.last(), 51, 0.01);
+    for (int i = 1; i < longAngles.size(); ++i)
+        EXPECT_NEAR(longAngles[i] - longAngles[i - 1], 102.0 / (longAngles.size() - 1), 0.01);
+
+    int n = 0;
+    const QPointF *terminals = physical_Terminals(GetParam(), &n);
+    const QRegularExpression post(QStringLiteral("<circle cx=\"([-\\d.]+)\" cy=\"([-\\d.]+)\" r=\"10\""));
+    QVector<QPointF> posts;
+    for (auto it = post.globalMatch(svg); it.hasNext();) {
+        const QRegularExpressionMatch t = it.next();
+        posts << QPointF(t.captured(1).toDouble(), t.captured(2).toDouble());
+    }
+    ASSERT_EQ(posts.size(), n);
+    for (int i = 0; i < n; ++i)
+        EXPECT_EQ(posts[i], terminals[i]) << i;
 }
 
 INSTANTIATE_TEST_SUITE_P(Meters, MeterFamily, ::testing::Values(403, 404, 405, 406));

@@ -73,6 +73,8 @@ TEST(Physlab, ScriptEndToEnd)
     EXPECT_TRUE(back.lines[1]["result"].toBool());
     EXPECT_EQ(back.lines[2]["value"], r.lines[2]["value"]);
     EXPECT_TRUE(back.lines[3].contains("error"));
+    // A script without a failing command says so by its status.
+    EXPECT_EQ(physlab({"run"}, "new 107\ndrag control_1 5 5 --final\nsave\n").exitCode, 0);
 }
 
 TEST(Physlab, ListRenderAndGallery)

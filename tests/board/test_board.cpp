@@ -642,6 +642,24 @@ private slots:
         QVERIFY(!w->recorder()->isPlaying());
     }
 
+    // Undone, a deletion gives the apparatus back to the page for good: a later edit
+    // that drops the redo step must not take it away again.
+    void aDeletionUndoneStaysUndoneAfterANewEdit()
+    {
+        CWBPhysicalObject *ruler = w->place(109, QPointF(300, 200));
+        w->view()->select(ruler);
+        w->deleteSelected();
+        QVERIFY(w->page()->objects().isEmpty());
+        w->undo();
+        QCOMPARE(w->page()->objects(), QList<CWBPhysicalObject *>{ruler});
+        w->place(107, QPointF(500, 300));
+        QCOMPARE(w->page()->objects().size(), 2);
+        QVERIFY(w->page()->objects().contains(ruler));
+        w->view()->select(ruler);
+        w->applyEdit(QStringLiteral("idPosValue"), QStringLiteral("40"));
+        QCOMPARE(stack()->count(), 3);
+    }
+
     void saveAndReopenGivesThePageBack()
     {
         QTemporaryDir dir;
