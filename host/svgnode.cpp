@@ -958,6 +958,8 @@ QFont QSvgText::font() const
 {
     QString family = styleProperty(QStringLiteral("font-family"));
     family.remove(QLatin1Char('\'')).remove(QLatin1Char('"'));
+    // A PostScript bold face ("Arial-BoldMT") is drawn bold, as other renderers are told.
+    const bool boldFace = family.section(QLatin1Char(','), 0, 0).contains(QLatin1String("Bold"), Qt::CaseInsensitive);
     // The templates name PostScript faces; the metric-compatible free face stands in.
     if (family.isEmpty() || family.startsWith(QLatin1String("Arial")) || family.contains(QLatin1String("Helvetica")))
         family = QStringLiteral("Liberation Sans");
@@ -974,7 +976,7 @@ QFont QSvgText::font() const
         size = 16;
     f.setPixelSize(qMax(1, qRound(size)));
     const QString weight = styleProperty(QStringLiteral("font-weight"));
-    if (weight == QLatin1String("bold") || weight.toInt() >= 600)
+    if (boldFace || weight == QLatin1String("bold") || weight.toInt() >= 600)
         f.setBold(true);
     return f;
 }

@@ -188,7 +188,7 @@ private:
         if (b.style() == Qt::NoBrush || !(st.strokeWidth > 0))
             return Qt::NoPen;
         QPen pen(b, st.strokeWidth, Qt::SolidLine, st.cap, st.join);
-        pen.setMiterLimit(st.miterLimit / 2);
+        pen.setMiterLimit(st.miterLimit);
         if (st.nonScaling) {
             // Keep the stroke's width in document units whatever the view scale.
             const QTransform t = m_p->worldTransform();

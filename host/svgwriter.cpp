@@ -1,6 +1,8 @@
 // Writes a document back as standard SVG.
 #include "svgtinydocument.h"
+#include <QRegularExpression>
 #include <QXmlStreamWriter>
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -16,6 +18,49 @@ bool isHandle(const QSvgNode *n)
     return n->nodeId().startsWith(QLatin1String("control_"));
 }
 
+// A face named like a PostScript bold face ("Arial-BoldMT") is bold wherever it is drawn.
+bool namesBoldFace(const QString &family) { return family.contains(QLatin1String("Bold"), Qt::CaseInsensitive); }
+
+// A font list every renderer can resolve: the names given, the free face metric-compatible
+// with Arial where they name Arial, and a generic family last.
+QString portableFamily(const QString &family)
+{
+    static const QStringList generic = {QStringLiteral("serif"), QStringLiteral("sans-serif"), QStringLiteral("monospace"),
+                                        QStringLiteral("cursive"), QStringLiteral("fantasy"), QStringLiteral("system-ui")};
+    QStringList names;
+    for (const QString &part : family.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
+        QString n = part.trimmed();
+        if (n.size() >= 2 && (n.startsWith(QLatin1Char('\'')) || n.startsWith(QLatin1Char('"'))))
+            n = n.mid(1, n.size() - 2);
+        if (!n.isEmpty())
+            names << n;
+    }
+    for (const QString &n : names)
+        if (generic.contains(n))
+            return family;
+    const bool arial = std::any_of(names.begin(), names.end(), [](const QString &n) { return n.startsWith(QLatin1String("Arial")); });
+    if (arial) {
+        if (!names.contains(QLatin1String("Arial")))
+            names << QStringLiteral("Arial");
+        if (!names.contains(QLatin1String("Liberation Sans")))
+            names << QStringLiteral("Liberation Sans");
+    }
+    names << QStringLiteral("sans-serif");
+    QStringList quoted;
+    for (const QString &n : names)
+        quoted << ((n.contains(QLatin1Char(' ')) || n.contains(QLatin1Char('-'))) && !generic.contains(n) ? QStringLiteral("'%1'").arg(n) : n);
+    return quoted.join(QStringLiteral(", "));
+}
+
+// The root's style may repeat its size (as the templates do); it follows the size written.
+QString styleWithSize(QString style, const QSizeF &size)
+{
+    static const QRegularExpression width(QStringLiteral("(^|;|\\s)width\\s*:[^;]*")), height(QStringLiteral("(^|;|\\s)height\\s*:[^;]*"));
+    style.replace(width, QStringLiteral("\\1width:%1px").arg(SvgNumbers::format(size.width())));
+    style.replace(height, QStringLiteral("\\1height:%1px").arg(SvgNumbers::format(size.height())));
+    return style;
+}
+
 void writeNode(QXmlStreamWriter &w, const QSvgNode *n, const QSvgTinyDocument::WriteOptions &o)
 {
     if (!o.handles && isHandle(n))
@@ -24,11 +69,19 @@ void writeNode(QXmlStreamWriter &w, const QSvgNode *n, const QSvgTinyDocument::W
         return;
     w.writeStartElement(n->tagName());
     const bool bake = o.standalone && n->hasRotation();
+    bool boldFace = false;
     for (const QSvgNode::Attr &a : n->attributes()) {
         if (bake && a.name == QLatin1String("transform"))
             continue;
+        if (a.name == QLatin1String("font-family")) {
+            boldFace = namesBoldFace(a.text());
+            w.writeAttribute(a.name, SvgXml::clean(portableFamily(a.text())));
+            continue;
+        }
         w.writeAttribute(a.name, SvgXml::clean(a.text()));
     }
+    if (boldFace && n->attribute(QStringLiteral("font-weight")).isEmpty())
+        w.writeAttribute(QStringLiteral("font-weight"), QStringLiteral("bold"));
     if (bake) {
         // Ordinary renderers ignore rotate_angle: express it as a rotation about the pivot,
         // and keep the node's own transform aside so reading it back restores both.
@@ -129,6 +182,10 @@ QByteArray QSvgTinyDocument::toSvg(const WriteOptions &o) const
             continue;
         if (a.name == QLatin1String("xmlns"))
             hasNs = true;
+        if (a.name == QLatin1String("style")) {
+            w.writeAttribute(a.name, SvgXml::clean(styleWithSize(a.text(), size())));
+            continue;
+        }
         w.writeAttribute(a.name, SvgXml::clean(a.text()));
     }
     if (!hasNs)

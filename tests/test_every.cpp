@@ -4,6 +4,7 @@
 // object reloads into the same bytes and the same document; a damaged or foreign stream
 // is refused and changes nothing; a restore with nothing captured changes nothing.
 #include "helpers.h"
+#include <QRegularExpression>
 #include <QUndoStack>
 #include <random>
 
@@ -135,6 +136,24 @@ TEST_P(EveryApparatus, WritesAWholeXmlDocument)
     const QString svg = svgText(o->content());
     EXPECT_TRUE(svg.startsWith(QLatin1String("<?xml version=\"1.0\"")));
     EXPECT_TRUE(svg.trimmed().endsWith(QLatin1String("</svg>")));
+    // Any renderer finds a face: a generic family ends every list, and a bold face says so.
+    static const QRegularExpression family(QStringLiteral("<[^>]*font-family=\"([^\"]*)\"[^>]*>"));
+    for (auto it = family.globalMatch(svg); it.hasNext();) {
+        const QRegularExpressionMatch m = it.next();
+        EXPECT_TRUE(m.captured(1).endsWith(QLatin1String("sans-serif")) || m.captured(1).endsWith(QLatin1String("serif")) ||
+                    m.captured(1).endsWith(QLatin1String("monospace")))
+            << qPrintable(m.captured(1));
+        if (m.captured(1).contains(QLatin1String("Bold"))) {
+            EXPECT_TRUE(m.captured(0).contains(QLatin1String("font-weight=\"bold\""))) << qPrintable(m.captured(0));
+        }
+    }
+    // The root's size in its style, where it has one, is the size it states.
+    static const QRegularExpression root(QStringLiteral("<svg[^>]*>"));
+    const QString rootTag = root.match(svg).captured(0);
+    const QSizeF size = o->content()->document()->size();
+    if (rootTag.contains(QLatin1String("style=\"")) && rootTag.contains(QLatin1String("width:"))) {
+        EXPECT_TRUE(rootTag.contains(QStringLiteral("width:%1px").arg(size.width()))) << qPrintable(rootTag);
+    }
 }
 
 // A reopened apparatus tells the panel of a drag exactly as the original does: the

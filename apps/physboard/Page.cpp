@@ -29,7 +29,7 @@ constexpr quint8 kApparatusTag = 0;
 // The item's drawing as a group placed by the item's transform. The root element's
 // children are moved into the group (nested <svg> viewports are not drawn alike by
 // every renderer), with the view box turned into a transform.
-QByteArray objectSvgElement(CWBPhysicalObject *obj, const QPointF &origin)
+QByteArray objectSvgElement(CWBPhysicalObject *obj, const QPointF &origin, const QString &idPrefix)
 {
     CSVGBase *c = obj->content();
     if (!c || !c->document())
@@ -59,7 +59,12 @@ QByteArray objectSvgElement(CWBPhysicalObject *obj, const QPointF &origin)
     const QString g = QStringLiteral("<g transform=\"matrix(%1 %2 %3 %4 %5 %6) scale(%7 %8) translate(%9 %10)\"%11>")
                           .arg(t.m11()).arg(t.m12()).arg(t.m21()).arg(t.m22()).arg(t.dx()).arg(t.dy())
                           .arg(sx).arg(sy).arg(-vb.x()).arg(-vb.y()).arg(inherited);
-    return (g + svg.mid(root.capturedEnd(), end - root.capturedEnd()) + QStringLiteral("</g>\n")).toUtf8();
+    // Every apparatus names its nodes alike; on one page each gets its own prefix, and
+    // its references follow.
+    QString body = svg.mid(root.capturedEnd(), end - root.capturedEnd());
+    static const QRegularExpression ids(QStringLiteral("(\\bid=\"|url\\(#|href=\"#)([^\")]+)"));
+    body.replace(ids, QStringLiteral("\\1%1\\2").arg(idPrefix));
+    return (g + body + QStringLiteral("</g>\n")).toUtf8();
 }
 
 bool writeFile(const QString &path, const QByteArray &bytes, QString *error)
@@ -621,7 +626,7 @@ QByteArray BoardPage::itemsSvg(const QList<QGraphicsItem *> &items, const Progre
         if (progress && !progress(i, items.size()))
             return QByteArray();
         if (CWBPhysicalObject *o = asObject(items[i])) {
-            svg += objectSvgElement(o, r.topLeft());
+            svg += objectSvgElement(o, r.topLeft(), QStringLiteral("i%1-").arg(i + 1));
         } else {
             const QTransform t = items[i]->sceneTransform() * QTransform::fromTranslate(-r.x(), -r.y());
             svg += QStringLiteral("<g transform=\"matrix(%1 %2 %3 %4 %5 %6)\">")

@@ -312,6 +312,15 @@ private slots:
                 QVERIFY(!QImage::fromData(bytes, "PNG").isNull());
             } else {
                 QVERIFY(bytes.contains("<svg") && bytes.trimmed().endsWith("</svg>"));
+                // Every apparatus names its nodes alike; on one page they stay apart.
+                QSet<QString> ids;
+                static const QRegularExpression id(QStringLiteral("\\bid=\"([^\"]+)\""));
+                for (auto it = id.globalMatch(QString::fromUtf8(bytes)); it.hasNext();) {
+                    const QString one = it.next().captured(1);
+                    QVERIFY2(!ids.contains(one), qPrintable(one));
+                    ids.insert(one);
+                }
+                QVERIFY(ids.size() > 10);
             }
         }
         // Failures say why and exit non-zero.
