@@ -73,6 +73,18 @@ bool CAttribute::loadWith(QDataStream &in, const std::function<bool(QDataStream 
     return true;
 }
 
+bool CAttribute::loadWithText(QDataStream &in, QString &text)
+{
+    QString read;
+    return loadWith(
+        in,
+        [&](QDataStream &s) {
+            s >> read;
+            return s.status() == QDataStream::Ok && read.size() <= maxTextLength();
+        },
+        [&]() { text = SvgXml::clean(read); });
+}
+
 bool CAttribute::comboIndexValid(int index)
 {
     // The combo data holds the number of choices first.

@@ -59,6 +59,9 @@ protected:
     // force's name): read() takes it from the stream and says whether it is sound;
     // apply() puts it in place once the whole stream has been found sound.
     bool loadWith(QDataStream &in, const std::function<bool(QDataStream &)> &read, const std::function<void()> &apply);
+    // The common case of it: one text (a name, a label) saved before the attribute
+    // stream; a stream holding a text longer than maxTextLength() is refused.
+    bool loadWithText(QDataStream &in, QString &text);
 
     QMap<int, DATA_MAP_STRUCT> m_attributes;
     bool m_bItemsOutline = false;
