@@ -1,5 +1,6 @@
 #include "physicalobject.h"
 #include "mechanics/Coil.h"
+#include "mechanics/Force.h"
 #include "mechanics/Ruler.h"
 #include "mechanics/Spring.h"
 #include "mechanics/Stick.h"
@@ -65,6 +66,7 @@ const Entry kTypes[] = {
     {{102, "CTriangleBevel", "Triangular incline"}, &make<CTriangleBevel>},
     {{107, "CStick", "Stick"}, &make<CStick>},
     {{109, "CRuler", "Ruler"}, &make<CRuler>},
+    {{200, "CForce", "Force arrow"}, &make<CForce>},
     {{202, "CSpring", "Spring"}, &make<CSpring>},
     {{501, "CCoil", "Coil"}, &make<CCoil>},
 

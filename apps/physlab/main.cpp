@@ -37,6 +37,9 @@ const Scene kScenes[] = {
     {501, "stretched", "handle dragged down with the lead wires shown", "drag control_1 0 60 --final"},
     {501, "noleads", "lead choice 0: no lead wires", "set idLeadCount=0"},
     {102, "reshaped", "base lengthened and apex raised", "drag control_1 120 0 --final;drag control_2 0 -70 --final"},
+    {200, "value135", "turned to 135 degrees at 3.5 N, the value shown by the name", "set idAngle=135;set idForceValue=3.5;set idShowValue=true"},
+    {200, "weight", "the weight G pointing straight down, 6 N", "set idForceName=G;set idAngle=-90;set idForceValue=6;set idShowValue=true"},
+    {200, "component", "a dashed component dragged up and to the left", "set idForceName=F1;set idDashed=true;drag control_1 -130 -60 --final"},
 
     // electricity and magnetism
     {400, "closed", "switched on: the blade lies in the clip", "set idSwitchIsConnected=true"},
