@@ -1,5 +1,6 @@
 #include "physicalobject.h"
 #include "mechanics/Coil.h"
+#include "mechanics/Distance.h"
 #include "mechanics/Force.h"
 #include "mechanics/Ruler.h"
 #include "mechanics/Spring.h"
@@ -67,6 +68,7 @@ const Entry kTypes[] = {
     {{107, "CStick", "Stick"}, &make<CStick>},
     {{109, "CRuler", "Ruler"}, &make<CRuler>},
     {{200, "CForce", "Force arrow"}, &make<CForce>},
+    {{201, "CDistance", "Distance marker"}, &make<CDistance>},
     {{202, "CSpring", "Spring"}, &make<CSpring>},
     {{501, "CCoil", "Coil"}, &make<CCoil>},
 

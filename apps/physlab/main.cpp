@@ -40,6 +40,8 @@ const Scene kScenes[] = {
     {200, "value135", "turned to 135 degrees at 3.5 N, the value shown by the name", "set idAngle=135;set idForceValue=3.5;set idShowValue=true"},
     {200, "weight", "the weight G pointing straight down, 6 N", "set idForceName=G;set idAngle=-90;set idForceValue=6;set idShowValue=true"},
     {200, "component", "a dashed component dragged up and to the left", "set idForceName=F1;set idDashed=true;drag control_1 -130 -60 --final"},
+    {201, "slanted", "second end dragged up and back: the label stays upright on its left", "drag control_2 -60 -120 --final;set idLabelText=h"},
+    {201, "bars", "bars only, dashed", "set idEndStyle=2;set idDashed=true"},
 
     // electricity and magnetism
     {400, "closed", "switched on: the blade lies in the clip", "set idSwitchIsConnected=true"},
