@@ -4,6 +4,7 @@
 #include "mechanics/Force.h"
 #include "mechanics/Ruler.h"
 #include "mechanics/Spring.h"
+#include "mechanics/Springbalance.h"
 #include "mechanics/Stick.h"
 #include "mechanics/TriangleBevel.h"
 
@@ -70,6 +71,7 @@ const Entry kTypes[] = {
     {{200, "CForce", "Force arrow"}, &make<CForce>},
     {{201, "CDistance", "Distance marker"}, &make<CDistance>},
     {{202, "CSpring", "Spring"}, &make<CSpring>},
+    {{203, "CSpringbalance", "Spring balance"}, &make<CSpringbalance>},
     {{501, "CCoil", "Coil"}, &make<CCoil>},
 
     // electricity and magnetism

@@ -42,6 +42,8 @@ const Scene kScenes[] = {
     {200, "component", "a dashed component dragged up and to the left", "set idForceName=F1;set idDashed=true;drag control_1 -130 -60 --final"},
     {201, "slanted", "second end dragged up and back: the label stays upright on its left", "drag control_2 -60 -120 --final;set idLabelText=h"},
     {201, "bars", "bars only, dashed", "set idEndStyle=2;set idDashed=true"},
+    {203, "reading", "pulled to 3.6 N on the 5 N range", "set idForceValue=3.6"},
+    {203, "small", "the 2.5 N range, pulled to 1.85 N", "set idRange=0;set idForceValue=1.85"},
 
     // electricity and magnetism
     {400, "closed", "switched on: the blade lies in the clip", "set idSwitchIsConnected=true"},
