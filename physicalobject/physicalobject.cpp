@@ -2,6 +2,7 @@
 #include "mechanics/Coil.h"
 #include "mechanics/Distance.h"
 #include "mechanics/Force.h"
+#include "mechanics/Pressure.h"
 #include "mechanics/Ruler.h"
 #include "mechanics/Spring.h"
 #include "mechanics/Springbalance.h"
@@ -72,6 +73,7 @@ const Entry kTypes[] = {
     {{201, "CDistance", "Distance marker"}, &make<CDistance>},
     {{202, "CSpring", "Spring"}, &make<CSpring>},
     {{203, "CSpringbalance", "Spring balance"}, &make<CSpringbalance>},
+    {{301, "CPressure", "U-tube pressure gauge"}, &make<CPressure>},
     {{501, "CCoil", "Coil"}, &make<CCoil>},
 
     // electricity and magnetism
