@@ -1,5 +1,6 @@
 #include "physicalobject.h"
 #include "mechanics/Coil.h"
+#include "mechanics/Cylinder.h"
 #include "mechanics/Distance.h"
 #include "mechanics/Force.h"
 #include "mechanics/Pressure.h"
@@ -74,6 +75,7 @@ const Entry kTypes[] = {
     {{202, "CSpring", "Spring"}, &make<CSpring>},
     {{203, "CSpringbalance", "Spring balance"}, &make<CSpringbalance>},
     {{301, "CPressure", "U-tube pressure gauge"}, &make<CPressure>},
+    {{302, "Cylinder", "Measuring cylinder"}, &make<Cylinder>},
     {{501, "CCoil", "Coil"}, &make<CCoil>},
 
     // electricity and magnetism

@@ -46,6 +46,8 @@ const Scene kScenes[] = {
     {203, "small", "the 2.5 N range, pulled to 1.85 N", "set idRange=0;set idForceValue=1.85"},
     {301, "difference", "a 6.0 cm difference: the left level down 3 cm, the right up 3 cm", "set idHeightDiff=6"},
     {301, "noprobe", "the probe hidden, the right level the lower", "set idShowProbe=false;set idHeightDiff=-8.4"},
+    {302, "reading", "filled to 42 mL", "set idVolume=42"},
+    {302, "large", "the 250 mL cylinder at 162.5 mL, coloured liquid", "set idRange=2;set idVolume=162.5;set idLiquidColor=#C0392B"},
 
     // electricity and magnetism
     {400, "closed", "switched on: the blade lies in the clip", "set idSwitchIsConnected=true"},
