@@ -27,10 +27,7 @@ QString num(double v) { return SvgNumbers::format(v); }
 
 } // namespace
 
-Cylinder::Cylinder(CSVGObj *owner) : CBasic(owner)
-{
-    setPostsChangedSettings(true);
-}
+Cylinder::Cylinder(CSVGObj *owner) : CBasic(owner) {}
 
 Cylinder::~Cylinder() = default;
 
@@ -188,6 +185,7 @@ void Cylinder::layout()
 {
     if (!m_pDocument)
         return;
+    m_shown = {{QStringLiteral("idVolume"), volumeText()}};
     QSvgNode *liquid = m_pDocument->namedNode(QStringLiteral("liquid"));
     QSvgNode *surface = m_pDocument->namedNode(QStringLiteral("surface"));
     if (!liquid || !surface)
@@ -211,6 +209,7 @@ bool Cylinder::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
 {
     if (!node || node != m_controlNodes.value(0))
         return false;
+    const ShownValues::Texts before = m_shown;
     if (m_nScaleRange != qBound(0, m_attributes.value(kRangeAttr).intValue, 2))
         layScale();
     // A drag comes to rest on the volume it shows: the meniscus stands at its reading.
@@ -220,6 +219,8 @@ bool Cylinder::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
                               kEmptyY - r.travelOf(r.settle(level(), -offset.y())) - node->rect().height() / 2);
     }
     layout();
+    if (!m_bByCode && !isLoading())
+        ShownValues::postChanged(before, m_shown);
     Resize(bFinal);
     repaint();
     return true;

@@ -3,6 +3,7 @@
 // the handle sets; three capacities, each with its own graduation.
 #include "bases/Basic.h"
 #include "bases/LinearScale.h"
+#include "bases/ShownValues.h"
 
 class PHYSICALOBJECT_SHARED_EXPORT Cylinder : public CBasic
 {
@@ -44,4 +45,5 @@ private:
     QRectF m_rcBody;
     int m_nScaleRange = -1;  // the range the graduation shows
     bool m_bByCode = false;
+    ShownValues::Texts m_shown;  // what the panel shows of the values a drag changes
 };

@@ -20,10 +20,7 @@ bool isTrue(const QString &text) { return text == QLatin1String("true") || text 
 
 } // namespace
 
-CForce::CForce(CSVGObj *owner) : CBasic(owner)
-{
-    setPostsChangedSettings(true);
-}
+CForce::CForce(CSVGObj *owner) : CBasic(owner) {}
 
 CForce::~CForce() = default;
 
@@ -111,6 +108,7 @@ bool CForce::updateSVG(QSvgNode *node, QPointF, bool bFinal)
 {
     if (!node || !m_pDocument || node != m_controlNodes.value(0))
         return false;
+    const ShownValues::Texts before = m_shown;
     // A drag leaves the handle wherever the pointer went: it goes back onto the tip.
     // (A load and a typed value put it there already.)
     if (!m_bByCode && !isLoading()) {
@@ -119,6 +117,8 @@ bool CForce::updateSVG(QSvgNode *node, QPointF, bool bFinal)
         HandlePos::placeAt(*this, 0, pivot(), tip);
     }
     layout();
+    if (!m_bByCode && !isLoading())
+        ShownValues::postChanged(before, m_shown);
     Resize(bFinal);
     repaint();
     return true;
@@ -132,6 +132,8 @@ void CForce::layout()
         HandlePos::tip(*this, 0, pivot(), kMinNewtons * kUnitsPerNewton, kMaxNewtons * kUnitsPerNewton, m_dAngle);
     m_dAngle = tip.angle;
     m_dLength = tip.distance;
+    m_shown = {{QStringLiteral("idForceValue"), QString::number(magnitude(), 'f', 1)},
+               {QStringLiteral("idAngle"), QString::number(HandlePos::shownDegrees(m_dAngle))}};
     const QPointF t = pivot();
     if (QSvgNode *arrow = m_pDocument->namedNode(QStringLiteral("arrow")))
         arrow->setNumAttribute(QStringLiteral("rotate_angle"), -m_dAngle);

@@ -2,6 +2,7 @@
 // A force arrow drawn from its point of application: the tip handle sets direction and
 // magnitude, and the force's name (with its value, if shown) stays upright by the tip.
 #include "bases/Basic.h"
+#include "bases/ShownValues.h"
 
 class PHYSICALOBJECT_SHARED_EXPORT CForce : public CBasic
 {
@@ -49,4 +50,5 @@ private:
     double m_dAngle = 0;
     double m_dLength = 80;
     bool m_bByCode = false;
+    ShownValues::Texts m_shown;  // what the panel shows of the values a drag changes
 };

@@ -26,10 +26,7 @@ QString scaleTemplate()
 
 } // namespace
 
-CPressure::CPressure(CSVGObj *owner) : CAttribute(owner)
-{
-    setPostsChangedSettings(true);
-}
+CPressure::CPressure(CSVGObj *owner) : CAttribute(owner) {}
 
 CPressure::~CPressure() = default;
 
@@ -183,6 +180,7 @@ void CPressure::layout()
 {
     if (!m_pDocument)
         return;
+    m_shown = {{QStringLiteral("idHeightDiff"), differenceText()}};
     // What leaves one arm rises in the other.
     const double d = drop();
     const double levels[2] = {kRestY + d, kRestY - d};
@@ -201,12 +199,15 @@ bool CPressure::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
 {
     if (!node || node != m_controlNodes.value(0))
         return false;
+    const ShownValues::Texts before = m_shown;
     // A drag comes to rest on the difference it shows: the levels differ by the reading.
     if (bFinal && !m_bByCode && !isLoading()) {
         const LinearScale::Reading r = reading();
         node->setNumAttribute(QStringLiteral("y"), kRestY + r.travelOf(r.settle(drop(), offset.y())) - node->rect().height() / 2);
     }
     layout();
+    if (!m_bByCode && !isLoading())
+        ShownValues::postChanged(before, m_shown);
     if (m_pOwner)
         m_pOwner->update(QRectF());
     return true;

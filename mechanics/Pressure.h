@@ -4,6 +4,7 @@
 // sets the levels; the liquid moves as much up one arm as down the other.
 #include "bases/Attribute.h"
 #include "bases/LinearScale.h"
+#include "bases/ShownValues.h"
 
 class PHYSICALOBJECT_SHARED_EXPORT CPressure : public CAttribute
 {
@@ -38,4 +39,5 @@ private:
     void moveSurface(double drop);
 
     bool m_bByCode = false;
+    ShownValues::Texts m_shown;  // what the panel shows of the values a drag changes
 };

@@ -61,10 +61,7 @@ QString bodySvg()
 
 } // namespace
 
-CSpringbalance::CSpringbalance(CSVGObj *owner) : CBasic(owner)
-{
-    setPostsChangedSettings(true);
-}
+CSpringbalance::CSpringbalance(CSVGObj *owner) : CBasic(owner) {}
 
 CSpringbalance::~CSpringbalance() = default;
 
@@ -180,6 +177,7 @@ void CSpringbalance::layout()
 {
     if (!m_pDocument)
         return;
+    m_shown = {{QStringLiteral("idForceValue"), readingText()}};
     const double t = travel(), pointerY = kZeroY + t;
     if (QSvgNode *slider = m_pDocument->namedNode(QStringLiteral("slider")))
         slider->setAttribute(QStringLiteral("transform"), QStringLiteral("translate(0,%1)").arg(num(t)));
@@ -203,6 +201,7 @@ bool CSpringbalance::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
 {
     if (!node || node != m_controlNodes.value(0))
         return false;
+    const ShownValues::Texts before = m_shown;
     // A drag comes to rest on the reading it shows, so that the pointer stands where the
     // reading says.
     if (bFinal && !m_bByCode && !isLoading()) {
@@ -211,6 +210,8 @@ bool CSpringbalance::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
         node->setNumAttribute(QStringLiteral("y"), rest - node->rect().height() / 2);
     }
     layout();
+    if (!m_bByCode && !isLoading())
+        ShownValues::postChanged(before, m_shown);
     Resize(bFinal);
     repaint();
     return true;

@@ -3,6 +3,7 @@
 // the hook below, and a pointer that reads the pull in one of three ranges.
 #include "bases/Basic.h"
 #include "bases/LinearScale.h"
+#include "bases/ShownValues.h"
 
 class PHYSICALOBJECT_SHARED_EXPORT CSpringbalance : public CBasic
 {
@@ -43,4 +44,5 @@ private:
 
     QRectF m_rcBody;
     bool m_bByCode = false;
+    ShownValues::Texts m_shown;  // what the panel shows of the values a drag changes
 };
