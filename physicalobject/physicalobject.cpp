@@ -4,6 +4,7 @@
 #include "mechanics/Distance.h"
 #include "mechanics/Force.h"
 #include "mechanics/Pressure.h"
+#include "mechanics/Pulley.h"
 #include "mechanics/Ruler.h"
 #include "mechanics/Spring.h"
 #include "mechanics/Springbalance.h"
@@ -74,6 +75,7 @@ const Entry kTypes[] = {
     {{201, "CDistance", "Distance marker"}, &make<CDistance>},
     {{202, "CSpring", "Spring"}, &make<CSpring>},
     {{203, "CSpringbalance", "Spring balance"}, &make<CSpringbalance>},
+    {{204, "CPulley", "Pulley"}, &make<CPulley>},
     {{301, "CPressure", "U-tube pressure gauge"}, &make<CPressure>},
     {{302, "Cylinder", "Measuring cylinder"}, &make<Cylinder>},
     {{501, "CCoil", "Coil"}, &make<CCoil>},

@@ -57,3 +57,19 @@ struct ApparatusTest : ::testing::Test {
     }
     static QPointF centre(CSVGBase *c, const char *handle) { return node(c, handle)->rect().center(); }
 };
+
+// A line as drawn, in document coordinates (a rope's fall, a dimension line).
+inline QLineF lineOf(CSVGBase *c, const char *id)
+{
+    QSvgNode *n = node(c, id);
+    const QTransform t = n->documentTransform();
+    return QLineF(t.map(QPointF(n->numAttribute("x1"), n->numAttribute("y1"))),
+                  t.map(QPointF(n->numAttribute("x2"), n->numAttribute("y2"))));
+}
+// A wheel's centre and radius in document coordinates: its rim is its first circle.
+inline QPointF wheelCentre(CSVGBase *c, const char *id)
+{
+    QSvgNode *rim = node(c, id)->children().front().get();
+    return rim->documentTransform().map(QPointF(rim->numAttribute("cx"), rim->numAttribute("cy")));
+}
+inline double wheelRadius(CSVGBase *c, const char *id) { return node(c, id)->children().front()->numAttribute("r"); }

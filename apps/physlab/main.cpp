@@ -44,6 +44,8 @@ const Scene kScenes[] = {
     {201, "bars", "bars only, dashed", "set idEndStyle=2;set idDashed=true"},
     {203, "reading", "pulled to 3.6 N on the 5 N range", "set idForceValue=3.6"},
     {203, "small", "the 2.5 N range, pulled to 1.85 N", "set idRange=0;set idForceValue=1.85"},
+    {204, "pulled", "the right fall pulled down to 250, the left one kept", "drag control_1 0 150 --final"},
+    {204, "onehook", "one hook, on the right fall, drawn up short", "set idHookCount=0;set idPosValue=5"},
     {301, "difference", "a 6.0 cm difference: the left level down 3 cm, the right up 3 cm", "set idHeightDiff=6"},
     {301, "noprobe", "the probe hidden, the right level the lower", "set idShowProbe=false;set idHeightDiff=-8.4"},
     {302, "reading", "filled to 42 mL", "set idVolume=42"},
