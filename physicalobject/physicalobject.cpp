@@ -5,6 +5,7 @@
 #include "mechanics/Force.h"
 #include "mechanics/Pressure.h"
 #include "mechanics/Pulley.h"
+#include "mechanics/PulleyGroup.h"
 #include "mechanics/Ruler.h"
 #include "mechanics/Spring.h"
 #include "mechanics/Springbalance.h"
@@ -76,6 +77,7 @@ const Entry kTypes[] = {
     {{202, "CSpring", "Spring"}, &make<CSpring>},
     {{203, "CSpringbalance", "Spring balance"}, &make<CSpringbalance>},
     {{204, "CPulley", "Pulley"}, &make<CPulley>},
+    {{205, "CPulleyGroup", "Pulley block"}, &make<CPulleyGroup>},
     {{301, "CPressure", "U-tube pressure gauge"}, &make<CPressure>},
     {{302, "Cylinder", "Measuring cylinder"}, &make<Cylinder>},
     {{501, "CCoil", "Coil"}, &make<CCoil>},

@@ -46,6 +46,8 @@ const Scene kScenes[] = {
     {203, "small", "the 2.5 N range, pulled to 1.85 N", "set idRange=0;set idForceValue=1.85"},
     {204, "pulled", "the right fall pulled down to 250, the left one kept", "drag control_1 0 150 --final"},
     {204, "onehook", "one hook, on the right fall, drawn up short", "set idHookCount=0;set idPosValue=5"},
+    {205, "raised", "the load raised 120: the free end paid out 240, the falls counted", "set idShowSegments=true;drag control_1 0 -120 --final"},
+    {205, "top", "the load at its highest", "set idPosValue=0"},
     {301, "difference", "a 6.0 cm difference: the left level down 3 cm, the right up 3 cm", "set idHeightDiff=6"},
     {301, "noprobe", "the probe hidden, the right level the lower", "set idShowProbe=false;set idHeightDiff=-8.4"},
     {302, "reading", "filled to 42 mL", "set idVolume=42"},
