@@ -6,6 +6,7 @@
 #include "mechanics/Pressure.h"
 #include "mechanics/Pulley.h"
 #include "mechanics/PulleyGroup.h"
+#include "mechanics/PulleyGroup2.h"
 #include "mechanics/Ruler.h"
 #include "mechanics/Spring.h"
 #include "mechanics/Springbalance.h"
@@ -78,6 +79,7 @@ const Entry kTypes[] = {
     {{203, "CSpringbalance", "Spring balance"}, &make<CSpringbalance>},
     {{204, "CPulley", "Pulley"}, &make<CPulley>},
     {{205, "CPulleyGroup", "Pulley block"}, &make<CPulleyGroup>},
+    {{206, "CPulleyGroup2", "Double pulley block"}, &make<CPulleyGroup2>},
     {{301, "CPressure", "U-tube pressure gauge"}, &make<CPressure>},
     {{302, "Cylinder", "Measuring cylinder"}, &make<Cylinder>},
     {{501, "CCoil", "Coil"}, &make<CCoil>},

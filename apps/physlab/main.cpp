@@ -48,6 +48,8 @@ const Scene kScenes[] = {
     {204, "onehook", "one hook, on the right fall, drawn up short", "set idHookCount=0;set idPosValue=5"},
     {205, "raised", "the load raised 120: the free end paid out 240, the falls counted", "set idShowSegments=true;drag control_1 0 -120 --final"},
     {205, "top", "the load at its highest", "set idPosValue=0"},
+    {206, "raised", "pulled down, the load raised 100: the free end paid out 400, the falls counted", "set idShowSegments=true;drag control_1 0 -100 --final"},
+    {206, "pullup", "pulled up from the movable block, five falls, the load raised 60", "set idRopeEnd=1;set idShowSegments=true;drag control_1 0 -60 --final"},
     {301, "difference", "a 6.0 cm difference: the left level down 3 cm, the right up 3 cm", "set idHeightDiff=6"},
     {301, "noprobe", "the probe hidden, the right level the lower", "set idShowProbe=false;set idHeightDiff=-8.4"},
     {302, "reading", "filled to 42 mL", "set idVolume=42"},
