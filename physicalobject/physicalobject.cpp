@@ -2,6 +2,7 @@
 #include "mechanics/Coil.h"
 #include "mechanics/Cylinder.h"
 #include "mechanics/Distance.h"
+#include "mechanics/HookCode.h"
 #include "mechanics/Force.h"
 #include "mechanics/Pressure.h"
 #include "mechanics/Pulley.h"
@@ -80,6 +81,7 @@ const Entry kTypes[] = {
     {{204, "CPulley", "Pulley"}, &make<CPulley>},
     {{205, "CPulleyGroup", "Pulley block"}, &make<CPulleyGroup>},
     {{206, "CPulleyGroup2", "Double pulley block"}, &make<CPulleyGroup2>},
+    {{207, "CHookCode", "Hook weights"}, &make<CHookCode>},
     {{301, "CPressure", "U-tube pressure gauge"}, &make<CPressure>},
     {{302, "Cylinder", "Measuring cylinder"}, &make<Cylinder>},
     {{501, "CCoil", "Coil"}, &make<CCoil>},

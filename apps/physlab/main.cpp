@@ -50,6 +50,8 @@ const Scene kScenes[] = {
     {205, "top", "the load at its highest", "set idPosValue=0"},
     {206, "raised", "pulled down, the load raised 100: the free end paid out 400, the falls counted", "set idShowSegments=true;drag control_1 0 -100 --final"},
     {206, "pullup", "pulled up from the movable block, five falls, the load raised 60", "set idRopeEnd=1;set idShowSegments=true;drag control_1 0 -60 --final"},
+    {207, "six", "six masses of 50 g: 300 g", "set idCount=5"},
+    {207, "heavy", "four masses of 100 g: 400 g", "set idCount=3;set idMassEach=2"},
     {301, "difference", "a 6.0 cm difference: the left level down 3 cm, the right up 3 cm", "set idHeightDiff=6"},
     {301, "noprobe", "the probe hidden, the right level the lower", "set idShowProbe=false;set idHeightDiff=-8.4"},
     {302, "reading", "filled to 42 mL", "set idVolume=42"},
