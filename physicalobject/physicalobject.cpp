@@ -5,6 +5,7 @@
 #include "mechanics/HookCode.h"
 #include "mechanics/Force.h"
 #include "mechanics/Pressure.h"
+#include "mechanics/Propeller.h"
 #include "mechanics/Pulley.h"
 #include "mechanics/PulleyGroup.h"
 #include "mechanics/PulleyGroup2.h"
@@ -82,6 +83,7 @@ const Entry kTypes[] = {
     {{205, "CPulleyGroup", "Pulley block"}, &make<CPulleyGroup>},
     {{206, "CPulleyGroup2", "Double pulley block"}, &make<CPulleyGroup2>},
     {{207, "CHookCode", "Hook weights"}, &make<CHookCode>},
+    {{300, "CPropeller", "Propeller"}, &make<CPropeller>},
     {{301, "CPressure", "U-tube pressure gauge"}, &make<CPressure>},
     {{302, "Cylinder", "Measuring cylinder"}, &make<Cylinder>},
     {{501, "CCoil", "Coil"}, &make<CCoil>},

@@ -52,6 +52,8 @@ const Scene kScenes[] = {
     {206, "pullup", "pulled up from the movable block, five falls, the load raised 60", "set idRopeEnd=1;set idShowSegments=true;drag control_1 0 -60 --final"},
     {207, "six", "six masses of 50 g: 300 g", "set idCount=5"},
     {207, "heavy", "four masses of 100 g: 400 g", "set idCount=3;set idMassEach=2"},
+    {300, "turned", "two blades turned to 30 degrees", "set idBladeCount=0;set idAngle=30"},
+    {300, "four", "four red blades, the first dragged to the lower right", "set idBladeCount=2;set idBladeColor=#C62828;drag control_1 40 80 --final"},
     {301, "difference", "a 6.0 cm difference: the left level down 3 cm, the right up 3 cm", "set idHeightDiff=6"},
     {301, "noprobe", "the probe hidden, the right level the lower", "set idShowProbe=false;set idHeightDiff=-8.4"},
     {302, "reading", "filled to 42 mL", "set idVolume=42"},
