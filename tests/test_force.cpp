@@ -216,30 +216,3 @@ TEST_F(Force, RestorePutsBackTheNameWithEveryOtherValue)
     EXPECT_EQ(node(c, "name")->text(), "N");
 }
 
-TEST_F(Force, NameEditIsOneUndoStep)
-{
-    ObjPtr o = makeObject(200, true);
-    CSVGBase *c = o->content();
-    const QString before = svgText(c);
-    EXPECT_TRUE(type(c, "idForceName", "T"));
-    EXPECT_FALSE(type(c, "idForceName", "T"));  // the same name again: nothing to undo
-    EXPECT_EQ(undo()->count(), 1);
-    EXPECT_EQ(GetFramework()->records().size(), 1);
-    undo()->undo();
-    EXPECT_EQ(force(o)->name(), "F");
-    EXPECT_EQ(svgText(c), before);
-}
-
-TEST_F(Force, DashedShaftForComponents)
-{
-    ObjPtr o = makeObject(200, true);
-    CSVGBase *c = o->content();
-    EXPECT_FALSE(node(c, "shaft")->hasAttribute("stroke-dasharray"));
-    type(c, "idDashed", "true");
-    EXPECT_TRUE(node(c, "shaft")->hasAttribute("stroke-dasharray"));
-    type(c, "idArrowColor", "#102030");
-    for (const char *id : {"tail", "head", "name"})
-        EXPECT_EQ(node(c, id)->fillColor(), QColor("#102030")) << id;
-    EXPECT_EQ(node(c, "shaft")->strokeColor(), QColor("#102030"));
-    EXPECT_FALSE(type(c, "idArrowColor", "not a colour"));
-}

@@ -56,16 +56,6 @@ INSTANTIATE_TEST_SUITE_P(Pressure, PressureDifference, ::testing::Values(
     DiffCase{"6", "6.0"}, DiffCase{"6.04", "6.0"}, DiffCase{"6.05", "6.1"}, DiffCase{"-8.4", "-8.4"},
     DiffCase{"20", "20.0"}, DiffCase{"35", "20.0"}, DiffCase{"-1e9", "-20.0"}, DiffCase{"-0.01", "0.0"}));
 
-TEST_F(Pressure, TextThatIsNoNumberChangesNothing)
-{
-    ObjPtr o = makeObject(301, true);
-    CSVGBase *c = o->content();
-    type(c, "idHeightDiff", "4");
-    for (const char *bad : {"", "deep", "nan", "-inf"})
-        EXPECT_FALSE(type(c, "idHeightDiff", bad)) << bad;
-    EXPECT_EQ(shown(c, "idHeightDiff"), "4.0");
-}
-
 TEST_F(Pressure, DragRestsOnItsReadingAndPostsIt)
 {
     ObjPtr o = makeObject(301, true);

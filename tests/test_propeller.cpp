@@ -104,11 +104,8 @@ TEST_F(Propeller, TypedAnglesAndRefusedChoices)
 {
     ObjPtr o = makeObject(300, true);
     CSVGBase *c = o->content();
-    for (const auto &[typed, reads] : {std::pair<const char *, const char *>{"-44.5", "-45"}, {"-180", "180"},
-                                       {"720", "180"}, {"0", "0"}}) {
-        type(c, "idAngle", typed);
-        EXPECT_EQ(shown(c, "idAngle"), reads) << typed;
-    }
+    type(c, "idAngle", "-44.5");
+    EXPECT_EQ(shown(c, "idAngle"), "-45");
     EXPECT_TRUE(posted().isEmpty());
     EXPECT_FALSE(type(c, "idAngle", "north"));
     EXPECT_FALSE(type(c, "idBladeCount", "3"));
