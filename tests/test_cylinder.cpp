@@ -39,9 +39,9 @@ TEST_F(CylinderTest, NewCylinderHoldsFortyMillilitresOfAHundred)
 
 struct Graduation {
     const char *range;
-    int ticks;         // one per minor division, 0 included
+    long ticks;        // one per minor division, 0 included
     const char *top;   // the highest number, at the top tick
-    int firstNumber;   // the tick index of "10" or "50"
+    long firstNumber;  // the tick index of "10" or "50"
     const char *firstText;
 };
 

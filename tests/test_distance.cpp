@@ -87,6 +87,7 @@ struct StyleCase {
     bool arrows, bars;
     int records;  // a choice the combo box does not offer changes nothing
 };
+void PrintTo(const StyleCase &s, std::ostream *os) { *os << s.index; }
 
 class DistanceEnds : public Distance, public ::testing::WithParamInterface<StyleCase> {};
 

@@ -38,7 +38,7 @@ TEST_F(HookCode, NewSetIsTwoMassesOfFiftyGrams)
 
 struct StackCase {
     const char *count, *mass;
-    int discs;
+    long discs;
     const char *label;
 };
 

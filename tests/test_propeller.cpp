@@ -72,7 +72,7 @@ INSTANTIATE_TEST_SUITE_P(Propeller, PropellerTurn, ::testing::Values(
 
 struct BladeCase {
     const char *index;
-    int blades;
+    long blades;
 };
 
 class PropellerBlades : public Propeller, public ::testing::WithParamInterface<BladeCase> {};

@@ -11,7 +11,7 @@ struct PulleyGroup2 : ApparatusTest {};
 
 struct BlockCase {
     const char *ropeEnd;
-    int n;
+    long n;
     double rise;
 };
 

@@ -40,7 +40,7 @@ TEST_F(Springbalance, NewBalanceReadsZeroOnTheFiveNewtonRange)
 struct RangeCase {
     const char *range;
     const char *typed, *reads;
-    int tick;  // line_k the pointer stands at
+    long tick;  // line_k the pointer stands at
     QStringList numbers;
 };
 
