@@ -51,7 +51,7 @@ bool CAttribute::loadWith(QDataStream &in, const std::function<bool(QDataStream 
             return refuseLoad(&in, QStringLiteral("cut short or damaged"));
         if (a.propId != it->propId || a.dataType != it->dataType || a.name != it->name)
             return refuseLoad(&in, QStringLiteral("not of this apparatus"));
-        if (a.dataType == 1 && !comboIndexValid(a.intValue))
+        if (a.dataType == 1 && !choiceValid(it.key(), a.intValue))
             return refuseLoad(&in, QStringLiteral("a choice out of range"));
         it.value() = a;
     }
@@ -73,6 +73,18 @@ bool CAttribute::loadWith(QDataStream &in, const std::function<bool(QDataStream 
     return true;
 }
 
+bool CAttribute::loadWithText(QDataStream &in, QString &text)
+{
+    QString read;
+    return loadWith(
+        in,
+        [&](QDataStream &s) {
+            s >> read;
+            return s.status() == QDataStream::Ok && read.size() <= maxTextLength();
+        },
+        [&]() { text = SvgXml::clean(read); });
+}
+
 bool CAttribute::comboIndexValid(int index)
 {
     // The combo data holds the number of choices first.
@@ -83,6 +95,12 @@ bool CAttribute::comboIndexValid(int index)
     int count = 0;
     in >> count;
     return in.status() != QDataStream::Ok || count <= 0 || (index >= 0 && index < count);
+}
+
+bool CAttribute::choiceValid(int attr, int index)
+{
+    const auto own = m_choiceCounts.constFind(attr);
+    return own == m_choiceCounts.cend() ? comboIndexValid(index) : index >= 0 && index < *own;
 }
 
 bool CAttribute::getInnerProperty(int id, QDataStream &out)
@@ -138,7 +156,7 @@ bool CAttribute::setInnerProperty(int id, QDataStream &in, bool bRecord, bool bU
         int v = 0;
         in >> v;
         // A choice the combo box does not offer is refused: nothing changes.
-        if (in.status() != QDataStream::Ok || !comboIndexValid(v))
+        if (in.status() != QDataStream::Ok || !choiceValid(id, v))
             return false;
         if (bUndo) {
             auto *cmd = new CSVGBaseUndoCmd(this, a.propId, nullptr, true);

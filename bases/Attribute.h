@@ -42,6 +42,9 @@ public:
     const QMap<int, DATA_MAP_STRUCT> &attributes() const { return m_attributes; }
     // Whether index is one of the choices GetComboboxData offers (any, without data).
     bool comboIndexValid(int index);
+    // The same for one attribute: against its own number of choices where it has one (an
+    // apparatus with two combo boxes), else against GetComboboxData's.
+    bool choiceValid(int attr, int index);
 
 protected:
     // Adds one entry to the table with its default (an index for a combo box, a bool for a switch).
@@ -59,11 +62,17 @@ protected:
     // force's name): read() takes it from the stream and says whether it is sound;
     // apply() puts it in place once the whole stream has been found sound.
     bool loadWith(QDataStream &in, const std::function<bool(QDataStream &)> &read, const std::function<void()> &apply);
+    // The common case of it: one text (a name, a label) saved before the attribute
+    // stream; a stream holding a text longer than maxTextLength() is refused.
+    bool loadWithText(QDataStream &in, QString &text);
+    // Gives a combo-box attribute a number of choices of its own (0 to count - 1).
+    void setChoiceCount(int attr, int count) { m_choiceCounts[attr] = count; }
 
     QMap<int, DATA_MAP_STRUCT> m_attributes;
     bool m_bItemsOutline = false;
 
 private:
     QMap<int, DATA_MAP_STRUCT> m_captured;
+    QMap<int, int> m_choiceCounts;
     QVector<QPointF> m_capturedHandles;
 };

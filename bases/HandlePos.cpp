@@ -120,4 +120,39 @@ void moveTo(CSVGBase &obj, int index, QPointF pos, bool &guard)
     guard = false;
 }
 
+Polar tip(const CSVGBase &obj, int index, QPointF pivot, double lo, double hi, double keepAngle)
+{
+    Polar p = polar(obj, index, pivot);
+    if (!(p.distance > 0) || !std::isfinite(p.angle))
+        p.angle = keepAngle;
+    p.distance = std::isfinite(p.distance) ? std::max(lo, std::min(hi, p.distance)) : lo;
+    return p;
+}
+
+int shownDegrees(double angle)
+{
+    if (!std::isfinite(angle))
+        return 0;
+    long long d = std::llround(std::fmod(angle, 360.0));
+    d %= 360;
+    if (d <= -180)
+        d += 360;
+    else if (d > 180)
+        d -= 360;
+    return int(d);
+}
+
+bool typedDegrees(const QString &text, int &degrees)
+{
+    bool ok = false;
+    const double v = text.trimmed().toDouble(&ok);
+    if (!ok || !std::isfinite(v))
+        return false;
+    // Held to the panel's range, as every typed value is; -180 is the same direction as 180.
+    degrees = int(std::llround(std::max(-180.0, std::min(180.0, v))));
+    if (degrees == -180)
+        degrees = 180;
+    return true;
+}
+
 } // namespace HandlePos

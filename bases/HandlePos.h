@@ -53,4 +53,14 @@ void placeAt(CSVGBase &obj, int index, QPointF pivot, const Polar &where);
 // a final drag, with `guard` set meanwhile; nothing for a place past the extent.
 void moveTo(CSVGBase &obj, int index, QPointF pos, bool &guard);
 
+// A tip handle that sets a direction and a length (a force arrow, a velocity, a needle's
+// point): where the handle stands seen from the pivot, its distance held to [lo, hi].
+// A handle on the pivot has no direction of its own and keeps `keepAngle`.
+Polar tip(const CSVGBase &obj, int index, QPointF pivot, double lo, double hi, double keepAngle);
+// An angle as the panel shows it: whole degrees, halves away from zero, in (-180, 180].
+int shownDegrees(double angle);
+// A typed angle: a number held to [-180, 180] and rounded to whole degrees (-180 reads
+// 180); false for text that is no number.
+bool typedDegrees(const QString &text, int &degrees);
+
 } // namespace HandlePos

@@ -1,7 +1,17 @@
 #include "physicalobject.h"
 #include "mechanics/Coil.h"
+#include "mechanics/Cylinder.h"
+#include "mechanics/Distance.h"
+#include "mechanics/HookCode.h"
+#include "mechanics/Force.h"
+#include "mechanics/Pressure.h"
+#include "mechanics/Propeller.h"
+#include "mechanics/Pulley.h"
+#include "mechanics/PulleyGroup.h"
+#include "mechanics/PulleyGroup2.h"
 #include "mechanics/Ruler.h"
 #include "mechanics/Spring.h"
+#include "mechanics/Springbalance.h"
 #include "mechanics/Stick.h"
 #include "mechanics/TriangleBevel.h"
 
@@ -65,7 +75,17 @@ const Entry kTypes[] = {
     {{102, "CTriangleBevel", "Triangular incline"}, &make<CTriangleBevel>},
     {{107, "CStick", "Stick"}, &make<CStick>},
     {{109, "CRuler", "Ruler"}, &make<CRuler>},
+    {{200, "CForce", "Force arrow"}, &make<CForce>},
+    {{201, "CDistance", "Distance marker"}, &make<CDistance>},
     {{202, "CSpring", "Spring"}, &make<CSpring>},
+    {{203, "CSpringbalance", "Spring balance"}, &make<CSpringbalance>},
+    {{204, "CPulley", "Pulley"}, &make<CPulley>},
+    {{205, "CPulleyGroup", "Pulley block"}, &make<CPulleyGroup>},
+    {{206, "CPulleyGroup2", "Double pulley block"}, &make<CPulleyGroup2>},
+    {{207, "CHookCode", "Hook weights"}, &make<CHookCode>},
+    {{300, "CPropeller", "Propeller"}, &make<CPropeller>},
+    {{301, "CPressure", "U-tube pressure gauge"}, &make<CPressure>},
+    {{302, "Cylinder", "Measuring cylinder"}, &make<Cylinder>},
     {{501, "CCoil", "Coil"}, &make<CCoil>},
 
     // electricity and magnetism

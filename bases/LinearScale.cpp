@@ -1,0 +1,97 @@
+#include "LinearScale.h"
+#include "Series.h"
+#include <QVector>
+#include <algorithm>
+#include <cmath>
+#include <svgbase.h>
+
+namespace LinearScale {
+
+double Ticks::length(int index) const
+{
+    if (longEvery > 0 && index % longEvery == 0)
+        return longLength;
+    if (mediumEvery > 0 && index % mediumEvery == 0)
+        return mediumLength;
+    return shortLength;
+}
+
+void layTicks(CSVGBase &obj, const Ticks &ticks)
+{
+    const QVector<QSvgNode *> lines = Series::fit(obj, QStringLiteral("line"), ticks.count);
+    static const QString x1 = QStringLiteral("x1"), y1 = QStringLiteral("y1"), x2 = QStringLiteral("x2"),
+                         y2 = QStringLiteral("y2");
+    for (int i = 0; i < lines.size(); ++i) {
+        const QPointF a = ticks.start(i), b = a + ticks.across * ticks.length(i);
+        QSvgNode *n = lines[i];
+        n->setNumAttribute(x1, a.x());
+        n->setNumAttribute(y1, a.y());
+        n->setNumAttribute(x2, b.x());
+        n->setNumAttribute(y2, b.y());
+    }
+}
+
+void layNumbers(CSVGBase &obj, const Ticks &ticks, int first, int every, QPointF offset,
+                const std::function<QString(int)> &text)
+{
+    if (every < 1 || first < 0 || first > ticks.count - 1)
+        return;
+    const int count = (ticks.count - 1 - first) / every + 1;
+    const QVector<QSvgNode *> numbers = Series::fit(obj, QStringLiteral("text"), count, first, every);
+    for (int j = 0; j < numbers.size(); ++j) {
+        const int i = first + j * every;
+        const QPointF at = ticks.start(i) + offset;
+        QSvgNode *n = numbers[j];
+        n->setNumAttribute(QStringLiteral("x"), at.x());
+        n->setNumAttribute(QStringLiteral("y"), at.y());
+        n->setText(text(i));
+    }
+}
+
+int Reading::stepAt(double travel) const
+{
+    const double s = travel * steps / length;
+    if (!std::isfinite(s))
+        return 0;
+    const double lo = bothWays ? -steps : 0;
+    return int(std::max(lo, std::min(double(steps), std::floor(s + 0.5))));
+}
+
+QString Reading::text(int step) const
+{
+    const double v = valueOf(step) + 0.0;  // never "-0"
+    if (decimals >= 0)
+        return QString::number(v, 'f', decimals);
+    return QString::number(v, 'f', std::floor(v) == v ? 0 : 1);
+}
+
+int Reading::stepOf(double value) const
+{
+    if (!std::isfinite(value))
+        return 0;
+    const double held = std::max(bothWays ? -full : 0.0, std::min(full, value));
+    return int(std::floor(held * steps / full + 0.5));
+}
+
+bool Reading::typed(const QString &text, int &step) const
+{
+    bool ok = false;
+    const double v = text.trimmed().toDouble(&ok);
+    if (!ok || !std::isfinite(v))
+        return false;
+    step = stepOf(v);
+    return true;
+}
+
+int Reading::settle(double travel, double moved) const
+{
+    const int n = stepAt(travel);
+    const double from = travel - moved;
+    const int start = stepAt(from);
+    if (moved == 0 || n != start || std::fabs(from - travelOf(start)) > 1e-9 * std::fabs(length))
+        return n;
+    const double lo = bothWays ? -steps : 0;
+    return int(std::max(lo, std::min(double(steps), double(n + (moved > 0 ? 1 : -1)))));
+}
+
+} // namespace LinearScale

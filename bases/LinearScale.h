@@ -1,0 +1,59 @@
+#pragma once
+// A straight graduated scale read by a pointer (a spring balance, a measuring cylinder,
+// a U-tube's board): its ticks and numbers laid along it as numbered series, and what a
+// pointer's travel along it reads.
+#include <QPointF>
+#include <QString>
+#include <functional>
+
+class CSVGBase;
+
+namespace LinearScale {
+
+// Ticks line_1 … line_count: line_k starts k − 1 pitches from `zero` and runs along
+// `across` for its length: long at every longEvery-th tick, medium at every
+// mediumEvery-th, short otherwise.
+struct Ticks {
+    QPointF zero;
+    QPointF pitch;
+    QPointF across{1, 0};
+    int count = 2;
+    double shortLength = 4, mediumLength = 6, longLength = 8;
+    int mediumEvery = 5, longEvery = 10;
+
+    QPointF start(int index) const { return zero + pitch * index; }
+    double length(int index) const;
+};
+// Makes the series line_k exactly as described; the template holds line_1.
+void layTicks(CSVGBase &obj, const Ticks &ticks);
+// Numbers text_i at the tick indices first, first + every, … up to the last tick, each at
+// `offset` from its tick's start and reading text(i); the template holds the first.
+void layNumbers(CSVGBase &obj, const Ticks &ticks, int first, int every, QPointF offset,
+                const std::function<QString(int)> &text);
+
+// What a pointer's travel along the scale reads: travel 0..length stands for 0..full
+// (and 0..-length for 0..-full when bothWays), written in steps of full / steps.
+struct Reading {
+    double length = 1;
+    double full = 1;
+    int steps = 1;
+    int decimals = 1;  // digits after the point; -1: none when whole, one otherwise
+    bool bothWays = false;
+
+    // The nearest step to a travel, halves up, held to the scale.
+    int stepAt(double travel) const;
+    double travelOf(int step) const { return step * length / steps; }
+    double valueOf(int step) const { return step * full / steps; }
+    QString text(int step) const;
+    // The nearest step to a value, held to the scale.
+    int stepOf(double value) const;
+    // The step a typed value asks for: a decimal held to the scale, at its nearest step.
+    // False for text that is no number.
+    bool typed(const QString &text, int &step) const;
+    // Where a drag comes to rest: the nearest step; but a move that starts on a step and
+    // would come back to it goes one step on in its direction, so that an arrow key's
+    // nudge always moves the pointer.
+    int settle(double travel, double moved) const;
+};
+
+} // namespace LinearScale

@@ -1,0 +1,174 @@
+#include "PulleyGroup.h"
+#include "bases/AttrValue.h"
+#include "bases/HandlePos.h"
+#include "bases/HostColour.h"
+#include "bases/Pulleys.h"
+#include <QJsonArray>
+#include <svgobj.h>
+
+namespace {
+
+constexpr int kSegmentsAttr = 5100;
+constexpr int kFalls = 2;
+// The fixed wheel under the beam; the movable one hangs to its left, so that the fall
+// between them is straight: its right side under the fixed wheel's left side.
+constexpr double kFixedX = 100, kFixedY = 50, kFixedR = 22;
+constexpr double kMovingR = 16, kMovingX = kFixedX - kFixedR - kMovingR;
+constexpr double kBeamY = 10;
+// The template draws the movable pulley at its lowest; its hook's lowest point is the handle.
+constexpr double kHookBelowAxle = 40;
+constexpr double kFreeRest = 40;
+
+QString num(double v) { return SvgNumbers::format(v); }
+
+bool isTrue(const QString &text) { return text == QLatin1String("true") || text == QLatin1String("1"); }
+
+} // namespace
+
+CPulleyGroup::CPulleyGroup(CSVGObj *owner) : CBasic(owner) {}
+
+CPulleyGroup::~CPulleyGroup() = default;
+
+QString CPulleyGroup::getSVG()
+{
+    constexpr double my = kFixedY + CPulleyGroup::kMaxDrop;
+    constexpr double left = kMovingX - kMovingR, right = kFixedX + kFixedR;
+    static const QString svg =
+        QStringLiteral("<?xml version=\"1.0\" encoding=\"utf-8\"?>\n"
+                       "<svg version=\"1.1\" xmlns=\"http://www.w3.org/2000/svg\" width=\"144px\" height=\"348px\""
+                       " viewBox=\"14 -8 144 348\">\n<defs>\n") +
+        Pulleys::defsSvg() + QStringLiteral("</defs>\n") + Pulleys::ceilingSvg(QStringLiteral("ceiling"), 26, 146) +
+        Pulleys::wheelSvg(QStringLiteral("fixed_wheel"), kFixedX, kFixedY, kFixedR) +
+        Pulleys::lapSvg(QStringLiteral("lap_fixed"), kFixedX, kFixedY, kFixedR, true) +
+        Pulleys::bracketSvg(QStringLiteral("bracket"), kFixedX, kBeamY, kFixedY) +
+        QStringLiteral("<circle cx=\"%1\" cy=\"%2\" r=\"3\" fill=\"#3A434C\" stroke=\"#C9D0D6\" stroke-width=\"0.6\""
+                       " vector-effect=\"none\"/>\n"
+                       "<circle cx=\"%3\" cy=\"12.5\" r=\"2.5\" fill=\"none\" stroke=\"#4A5560\" stroke-width=\"1.4\""
+                       " vector-effect=\"none\"/>\n")
+            .arg(num(kFixedX), num(kFixedY), num(left)) +
+        Pulleys::ropeSvg(QStringLiteral("rope_1"), QPointF(left, kBeamY + 5), QPointF(left, my)) +
+        Pulleys::ropeSvg(QStringLiteral("rope_2"), QPointF(kMovingX + kMovingR, my), QPointF(kMovingX + kMovingR, kFixedY)) +
+        Pulleys::ropeSvg(QStringLiteral("free_end"), QPointF(right, kFixedY), QPointF(right, kFixedY + kFreeRest)) +
+        QStringLiteral("<g id=\"moving\" transform=\"translate(0,0)\">\n") +
+        Pulleys::wheelSvg(QStringLiteral("moving_wheel"), kMovingX, my, kMovingR) +
+        Pulleys::lapSvg(QStringLiteral("lap_moving"), kMovingX, my, kMovingR, false) + Pulleys::strapSvg(kMovingX, my, my + 24) +
+        QStringLiteral("<path id=\"load_hook\" d=\"%1\" fill=\"none\" stroke=\"#4A5560\" stroke-width=\"2.2\""
+                       " stroke-linecap=\"round\" vector-effect=\"none\"/>\n"
+                       "<text id=\"n_label\" x=\"%2\" y=\"%3\" font-family=\"Liberation Sans, Arial, sans-serif\""
+                       " font-size=\"13\" font-style=\"italic\" text-anchor=\"end\" fill=\"#1A1A1A\">n = 2</text>\n"
+                       "</g>\n")
+            .arg(Pulleys::hookPath(kMovingX, my + 24), num(left - 8), num(my + 4.5)) +
+        QStringLiteral("<rect id=\"control_1\" x=\"%1\" y=\"%2\" width=\"9\" height=\"9\" rx=\"4.5\" ry=\"4.5\" fill=\"#1700FE\""
+                       " y_from=\"%3\" y_to=\"%2\"/>\n"
+                       "<rect id=\"control_2\" x=\"%4\" y=\"%5\" width=\"9\" height=\"9\" rx=\"4.5\" ry=\"4.5\" fill=\"#1700FE\"/>\n"
+                       "</svg>\n")
+            .arg(num(kMovingX - 4.5), num(my + kHookBelowAxle - 4.5),
+                 num(kFixedY + CPulleyGroup::kMinDrop + kHookBelowAxle - 4.5), num(right - 4.5),
+                 num(kFixedY + kFreeRest - 4.5));
+    return svg;
+}
+
+int CPulleyGroup::getSVGType() { return 205; }
+
+void CPulleyGroup::ResetAtrribute() { addAttribute(kSegmentsAttr, 1101, 0, QStringLiteral("IDS_SVG_PHYSICAL_SHOW_SEGMENTS")); }
+
+void CPulleyGroup::SVGInit(bool, bool)
+{
+    HostColour::paintsOnly(*this, {QStringLiteral("ceiling")});
+    UpdateCheckBox(false);
+    layout();
+    Resize(false);
+}
+
+void CPulleyGroup::UpdateCheckBox(bool)
+{
+    if (QSvgNode *label = m_pDocument ? m_pDocument->namedNode(QStringLiteral("n_label")) : nullptr)
+        label->setVisible(m_attributes.value(kSegmentsAttr).boolValue);
+    repaint();
+}
+
+double CPulleyGroup::drop() const
+{
+    QSvgNode *h = m_controlNodes.value(0);
+    return h ? h->rect().center().y() - kHookBelowAxle - kFixedY : kMaxDrop;
+}
+
+QPointF CPulleyGroup::freeEnd() const
+{
+    QSvgNode *h = m_controlNodes.value(1);
+    return h ? h->rect().center() : QPointF();
+}
+
+void CPulleyGroup::layout()
+{
+    if (!m_pDocument)
+        return;
+    const double d = drop(), my = kFixedY + d;
+    if (QSvgNode *moving = m_pDocument->namedNode(QStringLiteral("moving")))
+        moving->setAttribute(QStringLiteral("transform"), QStringLiteral("translate(0,%1)").arg(num(d - kMaxDrop)));
+    // Both falls that hold the movable pulley end on it; the free end pays out what they take in.
+    const double left = kMovingX - kMovingR, between = kMovingX + kMovingR, right = kFixedX + kFixedR;
+    Pulleys::setLine(m_pDocument->namedNode(QStringLiteral("rope_1")), QPointF(left, kBeamY + 5), QPointF(left, my));
+    Pulleys::setLine(m_pDocument->namedNode(QStringLiteral("rope_2")), QPointF(between, my), QPointF(between, kFixedY));
+    const QPointF end(right, kFixedY + Pulleys::freeEnd(kFalls, false, d, kMaxDrop, kFreeRest));
+    Pulleys::setLine(m_pDocument->namedNode(QStringLiteral("free_end")), QPointF(right, kFixedY), end);
+    Pulleys::centreOn(m_controlNodes.value(1), end);
+    m_shown = {{QStringLiteral("idPosValue"), QString::number(percent())}};
+}
+
+bool CPulleyGroup::updateSVG(QSvgNode *node, QPointF, bool bFinal)
+{
+    if (!node || !m_controlNodes.contains(node))
+        return false;
+    // The free end has no travel of its own: only the load moves it.
+    if (node != m_controlNodes.value(0))
+        return true;
+    m_before = m_shown;
+    layout();
+    Resize(bFinal);
+    repaint();
+    if (!m_bPosByCode && !isLoading())
+        posChangedByControl();
+    return true;
+}
+
+void CPulleyGroup::posChangedByControl() { ShownValues::postChanged(m_before, m_shown); }
+
+double CPulleyGroup::getControlPos() { return HandlePos::get(*this, 0, HandlePos::Y); }
+
+void CPulleyGroup::setControlPos(double y) { HandlePos::set(*this, 0, HandlePos::Y, y, m_bPosByCode); }
+
+int CPulleyGroup::percent() { return HandlePos::percent(*this, 0, HandlePos::Y, getControlPos()); }
+
+void CPulleyGroup::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
+{
+    if (m_pDocument)
+        enclose(m_pDocument->transformedBounds().adjusted(-1, -1, 1, 1), topLeft, bottomRight);
+}
+
+void CPulleyGroup::GetSettingArray(QJsonArray &array)
+{
+    if (!m_pOwner)
+        return;
+    array.append(m_pOwner->GetSettingJsonSwitch(QStringLiteral("idShowSegments"), QStringLiteral("IDS_PHYSICSOBJ_SHOW_SEGMENTS"),
+                                                m_attributes.value(kSegmentsAttr).boolValue));
+    HandlePos::appendInput(*this, array, QStringLiteral("IDS_PHYSICSOBJ_ROPE_LENGTH"), percent());
+}
+
+bool CPulleyGroup::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
+{
+    const auto shown = values.constFind(QStringLiteral("idShowSegments"));
+    if (shown != values.cend())
+        AttrValue::apply(*this, kSegmentsAttr, isTrue(*shown), bRecord, bUndo);
+    double y = 0;
+    if (HandlePos::target(*this, values, 0, HandlePos::Y, false, y, HandlePos::Decimal))
+        setControlPos(y);
+    return true;
+}
+
+bool CPulleyGroup::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
+{
+    const bool r = CBasic::SetAttribute(id, in, bRecord, bUndo);
+    keepEverything(id, m_bPosByCode);
+    return r;
+}

@@ -1,0 +1,156 @@
+// The spring balance: the pointer at the tick its reading names, the three ranges and
+// their numbers, typed readings, limits, the spring's turns, capture and undo.
+#include "forces.h"
+#include <mechanics/Springbalance.h>
+
+namespace {
+
+CSpringbalance *balance(const ObjPtr &o) { return static_cast<CSpringbalance *>(o->content()); }
+
+double pointerY(CSVGBase *c) { return node(c, "pointer")->documentTransform().map(QPointF(40, 90)).y(); }
+double tickY(CSVGBase *c, int k) { return node(c, QString("line_%1").arg(k).toLatin1().constData())->numAttribute("y1"); }
+
+QStringList numbers(CSVGBase *c)
+{
+    QStringList out;
+    for (int i = 0; i <= 50; i += 10)
+        if (QSvgNode *n = node(c, QString("text_%1").arg(i).toLatin1().constData()))
+            out << n->text();
+    return out;
+}
+
+struct Springbalance : ApparatusTest {};
+
+} // namespace
+
+TEST_F(Springbalance, NewBalanceReadsZeroOnTheFiveNewtonRange)
+{
+    ObjPtr o = makeObject(203, true);
+    CSVGBase *c = o->content();
+    EXPECT_EQ(shown(c, "idRange"), "1");
+    EXPECT_EQ(shown(c, "idForceValue"), "0.0");
+    EXPECT_EQ(item(c, "idForceValue").value("max").toString(), "5");
+    EXPECT_TRUE(item(c, "idRange").value("refreshAfterSet").toBool());
+    EXPECT_EQ(numbers(c), (QStringList{"0", "1", "2", "3", "4", "5"}));
+    EXPECT_TRUE(node(c, "line_51"));
+    EXPECT_FALSE(node(c, "line_52"));
+    EXPECT_EQ(pointerY(c), tickY(c, 1));
+}
+
+struct RangeCase {
+    const char *range;
+    const char *typed, *reads;
+    long tick;  // line_k the pointer stands at
+    QStringList numbers;
+};
+
+class SpringbalanceRange : public Springbalance, public ::testing::WithParamInterface<RangeCase> {};
+
+// A typed reading moves the hook; the pointer then stands at the tick the reading names.
+TEST_P(SpringbalanceRange, PointerStandsAtTheTickItsReadingNames)
+{
+    ObjPtr o = makeObject(203, true);
+    CSVGBase *c = o->content();
+    const RangeCase &t = GetParam();
+    type(c, "idRange", t.range);
+    EXPECT_EQ(numbers(c), t.numbers);
+    type(c, "idForceValue", t.typed);
+    EXPECT_EQ(shown(c, "idForceValue"), t.reads);
+    EXPECT_DOUBLE_EQ(pointerY(c), tickY(c, t.tick));
+    // Reopened, it reads and stands the same.
+    ObjPtr back = reopen(c);
+    EXPECT_EQ(shown(back->content(), "idForceValue"), t.reads);
+    EXPECT_EQ(svgText(back->content()), svgText(c));
+}
+
+INSTANTIATE_TEST_SUITE_P(Springbalance, SpringbalanceRange, ::testing::Values(
+    RangeCase{"1", "3.6", "3.6", 37, {"0", "1", "2", "3", "4", "5"}},
+    RangeCase{"0", "1.85", "1.85", 38, {"0", "0.5", "1", "1.5", "2", "2.5"}},
+    RangeCase{"2", "7.2", "7.2", 37, {"0", "2", "4", "6", "8", "10"}},
+    RangeCase{"1", "9", "5.0", 51, {"0", "1", "2", "3", "4", "5"}},     // held to the full scale
+    RangeCase{"1", "-2", "0.0", 1, {"0", "1", "2", "3", "4", "5"}},
+    RangeCase{"0", " 2.5 ", "2.50", 51, {"0", "0.5", "1", "1.5", "2", "2.5"}}));
+
+TEST_F(Springbalance, RangeChangeKeepsTheHookAndRescalesTheReading)
+{
+    ObjPtr o = makeObject(203, true);
+    CSVGBase *c = o->content();
+    type(c, "idForceValue", "3.6");
+    const QPointF hook = centre(c, "control_1");
+    const QString drawn = svgText(c);
+    type(c, "idRange", "2");
+    EXPECT_EQ(centre(c, "control_1"), hook);
+    EXPECT_EQ(balance(o)->fullScale(), 10);
+    EXPECT_EQ(shown(c, "idForceValue"), "7.2");
+    EXPECT_EQ(item(c, "idForceValue").value("max").toString(), "10");
+    type(c, "idRange", "0");
+    EXPECT_EQ(shown(c, "idForceValue"), "1.80");
+    // One undo step each; undone, the scale's numbers come back too.
+    EXPECT_EQ(undo()->count(), 3);
+    undo()->undo();
+    undo()->undo();
+    EXPECT_EQ(svgText(c), drawn);
+    EXPECT_EQ(numbers(c), (QStringList{"0", "1", "2", "3", "4", "5"}));
+    // A choice the combo does not offer changes nothing.
+    EXPECT_FALSE(type(c, "idRange", "3"));
+    EXPECT_FALSE(type(c, "idRange", "x"));
+}
+
+TEST_F(Springbalance, DragRestsOnItsReadingAndPostsIt)
+{
+    ObjPtr o = makeObject(203, true);
+    CSVGBase *c = o->content();
+    GetFramework()->clearMessages();
+    drag(c, "control_1", 0, 1, false);  // 0.033 N: still "0.0"
+    EXPECT_TRUE(posted().isEmpty());
+    drag(c, "control_1", 0, 107, true);  // 108 units: 3.6 N
+    EXPECT_EQ(posted(), QStringList{"idForceValue=3.6"});
+    EXPECT_EQ(shown(c, "idForceValue"), "3.6");
+    EXPECT_DOUBLE_EQ(pointerY(c), tickY(c, 37));
+    // Off the scale either way, the hook stops at its ends.
+    drag(c, "control_1", 0, 500);
+    EXPECT_EQ(shown(c, "idForceValue"), "5.0");
+    drag(c, "control_1", 0, -900);
+    EXPECT_EQ(shown(c, "idForceValue"), "0.0");
+    // A nudge of a unit from a reading still moves the pointer one step.
+    drag(c, "control_1", 0, 1);
+    EXPECT_EQ(shown(c, "idForceValue"), "0.1");
+}
+
+TEST_F(Springbalance, SpringTurnsShareTheStretchEvenly)
+{
+    ObjPtr o = makeObject(203, true);
+    CSVGBase *c = o->content();
+    for (const char *v : {"0", "2.5", "5"}) {
+        SCOPED_TRACE(v);
+        type(c, "idForceValue", v);
+        ASSERT_TRUE(node(c, "turn_12"));
+        EXPECT_FALSE(node(c, "turn_13"));
+        auto top = [&](int k) {
+            return node(c, QString("turn_%1").arg(k).toLatin1().constData())->children()[1]->numAttribute("y1");
+        };
+        const double pitch = top(2) - top(1);
+        EXPECT_GT(pitch, 0);
+        for (int k = 2; k <= 12; ++k)
+            EXPECT_NEAR(top(k) - top(k - 1), pitch, 1e-9) << k;
+        // The last turn ends on the carriage above the pointer.
+        EXPECT_LT(top(12) + pitch, pointerY(c));
+    }
+}
+
+TEST_F(Springbalance, RestorePutsBackRangeAndReading)
+{
+    ObjPtr o = makeObject(203, true);
+    CSVGBase *c = o->content();
+    type(c, "idRange", "0");
+    type(c, "idForceValue", "1.23");
+    const QJsonArray panel = settingsOf(c);
+    const QString drawn = svgText(c);
+    capture(c);
+    type(c, "idRange", "2");
+    drag(c, "control_1", 0, -40);
+    EXPECT_TRUE(c->editRestore());
+    EXPECT_EQ(settingsOf(c), panel);
+    EXPECT_TRUE(sameDocument(svgText(c), drawn));
+    EXPECT_EQ(shown(c, "idForceValue"), "1.23");
+}
