@@ -1,6 +1,7 @@
 // QPainter rendering of the document model.
 #include "svgtinydocument.h"
 #include <QLinearGradient>
+#include <QRadialGradient>
 #include <QPainter>
 #include <cmath>
 
@@ -50,6 +51,11 @@ void applyStyle(const QSvgNode *n, Style &st)
     if (!(v = n->styleProperty(QStringLiteral("fill-rule"))).isEmpty()) st.evenOdd = v == QLatin1String("evenodd");
 }
 
+bool isGradient(const QSvgNode *n)
+{
+    return n->type() == QSvgNode::LinearGradient || n->type() == QSvgNode::RadialGradient;
+}
+
 class Renderer
 {
 public:
@@ -62,7 +68,8 @@ public:
         if (!m_handles && n->nodeId().startsWith(QLatin1String("control_")))
             return;
         const QSvgNode::Type t = n->type();
-        if (t == QSvgNode::Defs || t == QSvgNode::LinearGradient || t == QSvgNode::Stop || t == QSvgNode::Other)
+        if (t == QSvgNode::Defs || t == QSvgNode::LinearGradient || t == QSvgNode::RadialGradient || t == QSvgNode::Stop ||
+            t == QSvgNode::Other)
             return;
         applyStyle(n, st);
         const double opacity = number(n->styleProperty(QStringLiteral("opacity")), 1);
@@ -96,7 +103,7 @@ private:
             if (hash < 0 || close < hash)
                 return Qt::NoBrush;
             const QSvgNode *g = m_doc->namedNode(paintText.mid(hash + 1, close - hash - 1).trimmed());
-            return g && g->type() == QSvgNode::LinearGradient ? gradient(g, opacity, bbox) : QBrush(Qt::NoBrush);
+            return g && isGradient(g) ? gradient(g, opacity, bbox) : QBrush(Qt::NoBrush);
         }
         QColor c(paintText);
         if (!c.isValid())
@@ -114,7 +121,7 @@ private:
             if (href.isEmpty())
                 href = stopsFrom->attribute(QStringLiteral("href"));
             const QSvgNode *next = href.startsWith(QLatin1Char('#')) ? m_doc->namedNode(href.mid(1)) : nullptr;
-            if (!next || next->type() != QSvgNode::LinearGradient)
+            if (!next || !isGradient(next))
                 break;
             stopsFrom = next;
         }
@@ -127,8 +134,14 @@ private:
             return s.trimmed().endsWith(QLatin1Char('%')) ? v / 100 : v;
         };
         QLinearGradient lg(coord("x1", 0), coord("y1", 0), coord("x2", userSpace ? 0 : 1), coord("y2", 0));
+        QRadialGradient rg;
+        if (g->type() == QSvgNode::RadialGradient) {
+            const double cx = coord("cx", 0.5), cy = coord("cy", 0.5);
+            rg = QRadialGradient(QPointF(cx, cy), coord("r", 0.5), QPointF(coord("fx", cx), coord("fy", cy)));
+        }
+        QGradient &grad = g->type() == QSvgNode::RadialGradient ? static_cast<QGradient &>(rg) : lg;
         if (!userSpace)
-            lg.setCoordinateMode(QGradient::ObjectMode);
+            grad.setCoordinateMode(QGradient::ObjectMode);
         for (const auto &s : stopsFrom->children()) {
             if (s->type() != QSvgNode::Stop)
                 continue;
@@ -140,9 +153,9 @@ private:
             if (!c.isValid())
                 c = Qt::black;
             c.setAlphaF(qBound(0.0, number(s->styleProperty(QStringLiteral("stop-opacity")), 1) * opacity, 1.0));
-            lg.setColorAt(qBound(0.0, pos, 1.0), c);
+            grad.setColorAt(qBound(0.0, pos, 1.0), c);
         }
-        QBrush b(lg);
+        QBrush b(grad);
         const QString gt = g->attribute(QStringLiteral("gradientTransform"));
         if (!gt.isEmpty()) {
             QSvgStructureNode tmp(QSvgNode::Group, QStringLiteral("g"));
