@@ -51,7 +51,7 @@ bool CAttribute::loadWith(QDataStream &in, const std::function<bool(QDataStream 
             return refuseLoad(&in, QStringLiteral("cut short or damaged"));
         if (a.propId != it->propId || a.dataType != it->dataType || a.name != it->name)
             return refuseLoad(&in, QStringLiteral("not of this apparatus"));
-        if (a.dataType == 1 && !comboIndexValid(a.intValue))
+        if (a.dataType == 1 && !comboIndexValid(it.key(), a.intValue))
             return refuseLoad(&in, QStringLiteral("a choice out of range"));
         it.value() = a;
     }
@@ -75,8 +75,26 @@ bool CAttribute::loadWith(QDataStream &in, const std::function<bool(QDataStream 
 
 bool CAttribute::comboIndexValid(int index)
 {
+    return comboIndexValid(-1, index);
+}
+
+QByteArray CAttribute::comboData(int attr)
+{
+    const auto it = m_comboOptions.constFind(attr);
+    if (it == m_comboOptions.cend())
+        return GetComboboxData();
+    QByteArray data;
+    QDataStream out(&data, QIODevice::WriteOnly);
+    out << int(it->size()) << int(0);
+    for (const QString &o : *it)
+        out << o;
+    return data;
+}
+
+bool CAttribute::comboIndexValid(int attr, int index)
+{
     // The combo data holds the number of choices first.
-    QByteArray data = GetComboboxData();
+    QByteArray data = comboData(attr);
     if (data.isEmpty())
         return true;
     QDataStream in(data);
@@ -138,7 +156,7 @@ bool CAttribute::setInnerProperty(int id, QDataStream &in, bool bRecord, bool bU
         int v = 0;
         in >> v;
         // A choice the combo box does not offer is refused: nothing changes.
-        if (in.status() != QDataStream::Ok || !comboIndexValid(v))
+        if (in.status() != QDataStream::Ok || !comboIndexValid(id, v))
             return false;
         if (bUndo) {
             auto *cmd = new CSVGBaseUndoCmd(this, a.propId, nullptr, true);
@@ -160,12 +178,12 @@ void CAttribute::initSpecialPropItems()
 {
     for (auto it = m_attributes.cbegin(); it != m_attributes.cend(); ++it) {
         QByteArray combo;
-        QByteArray *comboData = nullptr;
+        QByteArray *data = nullptr;
         if (it->dataType == 1) {
-            combo = GetComboboxData();
-            comboData = &combo;
+            combo = comboData(it.key());
+            data = &combo;
         }
-        m_propItems.push_back(new CSVGPropItem(it.key(), it->name, it->propId, DATA_TYPE(it->dataType), comboData, true));
+        m_propItems.push_back(new CSVGPropItem(it.key(), it->name, it->propId, DATA_TYPE(it->dataType), data, true));
     }
 }
 
@@ -195,6 +213,12 @@ void CAttribute::addAttribute(int attr, int propId, int dataType, const QString 
     a.intValue = intValue;
     a.boolValue = boolValue;
     m_attributes.insert(attr, a);
+}
+
+void CAttribute::addCombo(int attr, int propId, const QString &name, int intValue, const QStringList &options)
+{
+    addAttribute(attr, propId, 1, name, intValue);
+    m_comboOptions.insert(attr, options);
 }
 
 void CAttribute::keepEverything(int id, bool &guard)

@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QColor>
 #include <QMap>
+#include <QStringList>
 #include <QVector>
 #include <functional>
 #include <svgbase.h>
@@ -42,10 +43,17 @@ public:
     const QMap<int, DATA_MAP_STRUCT> &attributes() const { return m_attributes; }
     // Whether index is one of the choices GetComboboxData offers (any, without data).
     bool comboIndexValid(int index);
+    // The same for the combo box of attribute attr, which may have options of its own.
+    bool comboIndexValid(int attr, int index);
+    // The combo data of attribute attr: its own options (addCombo), else GetComboboxData().
+    QByteArray comboData(int attr);
 
 protected:
     // Adds one entry to the table with its default (an index for a combo box, a bool for a switch).
     void addAttribute(int attr, int propId, int dataType, const QString &name, int intValue = 0, bool boolValue = false);
+    // A combo box with options of its own, for an apparatus with more than one: its
+    // data and the choices it accepts come from these keys (or numbers shown as written).
+    void addCombo(int attr, int propId, const QString &name, int intValue, const QStringList &options);
     // Attribute ids 2804 and 2805 for one entry of the table: capture copies its value
     // into saved, restore replays saved through SetAttribute.
     void keepAttribute(int id, int attr, int &saved);
@@ -64,6 +72,7 @@ protected:
     bool m_bItemsOutline = false;
 
 private:
+    QMap<int, QStringList> m_comboOptions;
     QMap<int, DATA_MAP_STRUCT> m_captured;
     QVector<QPointF> m_capturedHandles;
 };
