@@ -7,6 +7,7 @@
 
 // electricity and magnetism
 #include "electromagnetism/Knob.h"
+#include "electromagnetism/Magneticfield.h"
 #include "electromagnetism/MeterAmpere.h"
 #include "electromagnetism/MeterCustom.h"
 #include "electromagnetism/MeterElectric.h"
@@ -76,6 +77,7 @@ const Entry kTypes[] = {
     {{405, "CMeterElectric", "Galvanometer"}, &make<CMeterElectric>},
     {{406, "CMeterCustom", "Meter with a 0 to 6 scale"}, &make<CMeterCustom>},
     {{500, "CWire", "Wire"}, &make<CWire>},
+    {{506, "CMagneticfield", "Magnetic field"}, &make<CMagneticfield>},
 
     // optics
     {{600, "CLensRaised", "Convex lens"}, &make<CLensRaised>},

@@ -53,6 +53,11 @@ const Scene kScenes[] = {
     {405, "mid", "handle dragged right of the middle", "drag control_1 40 5 --final"},
     {405, "left", "-12 typed: the pointer left of the middle", "set idMeterValue=-12"},
     {406, "mid", "handle dragged to the reading 4", "drag control_1 122 -37 --final"},
+    {506, "out", "out of the page", "set idFieldDirection=1"},
+    {506, "right", "to the right", "set idFieldDirection=2"},
+    {506, "up", "upwards, region widened", "set idFieldDirection=4;drag control_1 80 0 --final"},
+    {506, "dense", "into the page, dense", "set idDensity=2"},
+    {506, "sparse", "out of the page, sparse, region enlarged", "set idFieldDirection=1 idDensity=0;drag control_1 100 60 --final"},
 
     // optics
     {600, "thick", "taller, then thickness 100 %", "drag control_2 0 60 --final;set idPosValue=100"},
