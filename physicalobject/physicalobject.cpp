@@ -7,6 +7,7 @@
 
 // electricity and magnetism
 #include "electromagnetism/Knob.h"
+#include "electromagnetism/Light.h"
 #include "electromagnetism/Magneticfield.h"
 #include "electromagnetism/MeterAmpere.h"
 #include "electromagnetism/MeterCustom.h"
@@ -72,6 +73,7 @@ const Entry kTypes[] = {
     // electricity and magnetism
     {{400, "CSwitch", "Switch"}, &make<CSwitch>},
     {{401, "CKnob", "Knob"}, &make<CKnob>},
+    {{402, "CLight", "Light"}, &make<CLight>},
     {{403, "CMeterAmpere", "Ammeter"}, &make<CMeterAmpere>},
     {{404, "CMeterVolt", "Voltmeter"}, &make<CMeterVolt>},
     {{405, "CMeterElectric", "Galvanometer"}, &make<CMeterElectric>},
