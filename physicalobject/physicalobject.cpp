@@ -6,6 +6,7 @@
 #include "mechanics/TriangleBevel.h"
 
 // electricity and magnetism
+#include "electromagnetism/BarMagnet.h"
 #include "electromagnetism/Knob.h"
 #include "electromagnetism/Light.h"
 #include "electromagnetism/Magneticfield.h"
@@ -79,6 +80,7 @@ const Entry kTypes[] = {
     {{405, "CMeterElectric", "Galvanometer"}, &make<CMeterElectric>},
     {{406, "CMeterCustom", "Meter with a 0 to 6 scale"}, &make<CMeterCustom>},
     {{500, "CWire", "Wire"}, &make<CWire>},
+    {{504, "CBarMagnet", "Bar magnet"}, &make<CBarMagnet>},
     {{506, "CMagneticfield", "Magnetic field"}, &make<CMagneticfield>},
 
     // optics

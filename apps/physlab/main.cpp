@@ -57,6 +57,8 @@ const Scene kScenes[] = {
     {402, "bright", "lit at brightness 100: the largest, strongest halo", "set idLightOn=true idBrightness=100"},
     {402, "warm", "lit at brightness 0: only the filament glows", "set idLightOn=true idBrightness=0"},
     {402, "coloured", "lit in a light colour of the host's", "set idLightOn=true;prop 5005 #7FD4FF"},
+    {504, "flipped", "north on the left", "set idPoleDirection=1"},
+    {504, "plain", "letters hidden", "set idShowLetters=false"},
     {506, "out", "out of the page", "set idFieldDirection=1"},
     {506, "right", "to the right", "set idFieldDirection=2"},
     {506, "up", "upwards, region widened", "set idFieldDirection=4;drag control_1 80 0 --final"},
