@@ -10,6 +10,7 @@
 #include "electromagnetism/Knob.h"
 #include "electromagnetism/Light.h"
 #include "electromagnetism/Magneticfield.h"
+#include "electromagnetism/Smallneedle.h"
 #include "electromagnetism/MeterAmpere.h"
 #include "electromagnetism/MeterCustom.h"
 #include "electromagnetism/MeterElectric.h"
@@ -82,6 +83,7 @@ const Entry kTypes[] = {
     {{500, "CWire", "Wire"}, &make<CWire>},
     {{504, "CBarMagnet", "Bar magnet"}, &make<CBarMagnet>},
     {{506, "CMagneticfield", "Magnetic field"}, &make<CMagneticfield>},
+    {{510, "CSmallneedle", "Small magnetic needle"}, &make<CSmallneedle>},
 
     // optics
     {{600, "CLensRaised", "Convex lens"}, &make<CLensRaised>},

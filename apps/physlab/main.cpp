@@ -64,6 +64,8 @@ const Scene kScenes[] = {
     {506, "up", "upwards, region widened", "set idFieldDirection=4;drag control_1 80 0 --final"},
     {506, "dense", "into the page, dense", "set idDensity=2"},
     {506, "sparse", "out of the page, sparse, region enlarged", "set idFieldDirection=1 idDensity=0;drag control_1 100 60 --final"},
+    {510, "turned135", "the needle turned to 135 degrees", "set idAngle=135"},
+    {510, "dragged", "north tip dragged down and to the left", "drag control_1 -70 60 --final"},
 
     // optics
     {600, "thick", "taller, then thickness 100 %", "drag control_2 0 60 --final;set idPosValue=100"},
