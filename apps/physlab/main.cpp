@@ -64,6 +64,8 @@ const Scene kScenes[] = {
     {506, "up", "upwards, region widened", "set idFieldDirection=4;drag control_1 80 0 --final"},
     {506, "dense", "into the page, dense", "set idDensity=2"},
     {506, "sparse", "out of the page, sparse, region enlarged", "set idFieldDirection=1 idDensity=0;drag control_1 100 60 --final"},
+    {508, "negative16", "a negative charge with 16 lines", "set idChargeSign=1 idLineCount=2"},
+    {508, "short12", "a positive charge with 12 short lines", "set idLineCount=1 idLength=10"},
     {510, "turned135", "the needle turned to 135 degrees", "set idAngle=135"},
     {510, "dragged", "north tip dragged down and to the left", "drag control_1 -70 60 --final"},
 
