@@ -8,6 +8,7 @@
 // electricity and magnetism
 #include "electromagnetism/BarMagnet.h"
 #include "electromagnetism/Electriccharge.h"
+#include "electromagnetism/Electricfield.h"
 #include "electromagnetism/Knob.h"
 #include "electromagnetism/Light.h"
 #include "electromagnetism/Magneticfield.h"
@@ -84,6 +85,7 @@ const Entry kTypes[] = {
     {{500, "CWire", "Wire"}, &make<CWire>},
     {{504, "CBarMagnet", "Bar magnet"}, &make<CBarMagnet>},
     {{506, "CMagneticfield", "Magnetic field"}, &make<CMagneticfield>},
+    {{507, "CElectricfield", "Electric field"}, &make<CElectricfield>},
     {{508, "CElectriccharge", "Electric charge"}, &make<CElectriccharge>},
     {{510, "CSmallneedle", "Small magnetic needle"}, &make<CSmallneedle>},
 
