@@ -13,6 +13,7 @@
 #include "electromagnetism/Light.h"
 #include "electromagnetism/Magneticfield.h"
 #include "electromagnetism/Smallneedle.h"
+#include "electromagnetism/SlidingRheostat.h"
 #include "electromagnetism/MeterAmpere.h"
 #include "electromagnetism/MeterCustom.h"
 #include "electromagnetism/MeterElectric.h"
@@ -82,6 +83,7 @@ const Entry kTypes[] = {
     {{404, "CMeterVolt", "Voltmeter"}, &make<CMeterVolt>},
     {{405, "CMeterElectric", "Galvanometer"}, &make<CMeterElectric>},
     {{406, "CMeterCustom", "Meter with a 0 to 6 scale"}, &make<CMeterCustom>},
+    {{407, "CSlidingRheostat", "Sliding rheostat"}, &make<CSlidingRheostat>},
     {{500, "CWire", "Wire"}, &make<CWire>},
     {{504, "CBarMagnet", "Bar magnet"}, &make<CBarMagnet>},
     {{506, "CMagneticfield", "Magnetic field"}, &make<CMagneticfield>},

@@ -57,6 +57,8 @@ const Scene kScenes[] = {
     {402, "bright", "lit at brightness 100: the largest, strongest halo", "set idLightOn=true idBrightness=100"},
     {402, "warm", "lit at brightness 0: only the filament glows", "set idLightOn=true idBrightness=0"},
     {402, "coloured", "lit in a light colour of the host's", "set idLightOn=true;prop 5005 #7FD4FF"},
+    {407, "quarter", "slider at 25 %", "set idPosValue=25"},
+    {407, "named", "terminal names shown, slider dragged right", "set idShowTerminalNames=true;drag control_1 60 0 --final"},
     {504, "flipped", "north on the left", "set idPoleDirection=1"},
     {504, "plain", "letters hidden", "set idShowLetters=false"},
     {506, "out", "out of the page", "set idFieldDirection=1"},
