@@ -43,6 +43,7 @@
 #include "circuit/LensRaisedImage.h"
 #include "circuit/ResistanceImage.h"
 #include "circuit/RingImage.h"
+#include "circuit/SlideRhostatImage.h"
 #include "circuit/SpeakerImage.h"
 #include "circuit/SwitchImage.h"
 #include "circuit/VoltmeterImage.h"
@@ -113,6 +114,7 @@ const Entry kTypes[] = {
     {{708, "CAmmeterImage", "Ammeter symbol"}, &make<CAmmeterImage>},
     {{709, "CVoltmeterImage", "Voltmeter symbol"}, &make<CVoltmeterImage>},
     {{710, "CResistanceImage", "Resistor symbol"}, &make<CResistanceImage>},
+    {{711, "CSlideRhostImage", "Sliding rheostat symbol"}, &make<CSlideRhostImage>},
     {{712, "CEarthWireImage", "Earth symbol"}, &make<CEarthWireImage>},
     {{713, "CCapacitanceImage", "Capacitor symbol"}, &make<CCapacitanceImage>},
     {{714, "CSpeakerImage", "Speaker symbol"}, &make<CSpeakerImage>},

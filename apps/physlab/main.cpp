@@ -107,6 +107,8 @@ const Scene kScenes[] = {
     {701, "longlabel", "a long label: the item widens to fit it", "set idTextContent=U=3.0V_(two_cells)"},
     {710, "longlabel", "a long label: the item widens to fit it", "set idTextContent=R1=4.7kohm_+-5%"},
     {713, "longlabel", "a long label: the item widens to fit it", "set idTextContent=C=2200uF/25V"},
+    {711, "quarter", "slider at 25 %", "set idPosValue=25"},
+    {711, "longlabel", "a long label, slider at the right end", "set idTextContent=R=0~50ohm idPosValue=100"},
 };
 
 int fail(const QString &text)
