@@ -12,6 +12,7 @@
 #include "electromagnetism/Knob.h"
 #include "electromagnetism/Light.h"
 #include "electromagnetism/Magneticfield.h"
+#include "electromagnetism/Negativeelectron.h"
 #include "electromagnetism/Smallneedle.h"
 #include "electromagnetism/SlidingRheostat.h"
 #include "electromagnetism/MeterAmpere.h"
@@ -90,6 +91,7 @@ const Entry kTypes[] = {
     {{506, "CMagneticfield", "Magnetic field"}, &make<CMagneticfield>},
     {{507, "CElectricfield", "Electric field"}, &make<CElectricfield>},
     {{508, "CElectriccharge", "Electric charge"}, &make<CElectriccharge>},
+    {{509, "CNegativeelectron", "Electron"}, &make<CNegativeelectron>},
     {{510, "CSmallneedle", "Small magnetic needle"}, &make<CSmallneedle>},
 
     // optics

@@ -71,6 +71,8 @@ const Scene kScenes[] = {
     {507, "bare", "plates hidden, lines in blue", "set idShowPlates=false idLineColor=#1e63d6"},
     {508, "negative16", "a negative charge with 16 lines", "set idChargeSign=1 idLineCount=2"},
     {508, "short12", "a positive charge with 12 short lines", "set idLineCount=1 idLength=10"},
+    {509, "turned", "velocity dragged up and to the left, longer", "drag control_1 -160 -110 --final"},
+    {509, "down", "90 degrees typed, then turned to -90", "set idAngle=90;set idAngle=-90"},
     {510, "turned135", "the needle turned to 135 degrees", "set idAngle=135"},
     {510, "dragged", "north tip dragged down and to the left", "drag control_1 -70 60 --final"},
 
