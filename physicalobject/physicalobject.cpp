@@ -20,6 +20,7 @@
 #include "electromagnetism/MeterElectric.h"
 #include "electromagnetism/MeterVolt.h"
 #include "electromagnetism/Switch.h"
+#include "electromagnetism/UtypeMagnet.h"
 #include "electromagnetism/Wire.h"
 
 // optics
@@ -88,6 +89,7 @@ const Entry kTypes[] = {
     {{407, "CSlidingRheostat", "Sliding rheostat"}, &make<CSlidingRheostat>},
     {{500, "CWire", "Wire"}, &make<CWire>},
     {{504, "CBarMagnet", "Bar magnet"}, &make<CBarMagnet>},
+    {{505, "CUtypeMagnet", "U-shaped magnet"}, &make<CUtypeMagnet>},
     {{506, "CMagneticfield", "Magnetic field"}, &make<CMagneticfield>},
     {{507, "CElectricfield", "Electric field"}, &make<CElectricfield>},
     {{508, "CElectriccharge", "Electric charge"}, &make<CElectriccharge>},

@@ -61,6 +61,8 @@ const Scene kScenes[] = {
     {407, "named", "terminal names shown, slider dragged right", "set idShowTerminalNames=true;drag control_1 60 0 --final"},
     {504, "flipped", "north on the left", "set idPoleDirection=1"},
     {504, "plain", "letters hidden", "set idShowLetters=false"},
+    {505, "wide", "longer arms and a wider gap: the bend follows", "drag control_1 80 0 --final;drag control_2 0 70 --final"},
+    {505, "flipped", "north at the bottom, narrow gap", "set idPoleDirection=1 idGap=0"},
     {506, "out", "out of the page", "set idFieldDirection=1"},
     {506, "right", "to the right", "set idFieldDirection=2"},
     {506, "up", "upwards, region widened", "set idFieldDirection=4;drag control_1 80 0 --final"},
