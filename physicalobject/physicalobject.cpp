@@ -7,6 +7,7 @@
 
 // electricity and magnetism
 #include "electromagnetism/BarMagnet.h"
+#include "electromagnetism/CoilA.h"
 #include "electromagnetism/Electriccharge.h"
 #include "electromagnetism/Electricfield.h"
 #include "electromagnetism/Knob.h"
@@ -88,6 +89,7 @@ const Entry kTypes[] = {
     {{406, "CMeterCustom", "Meter with a 0 to 6 scale"}, &make<CMeterCustom>},
     {{407, "CSlidingRheostat", "Sliding rheostat"}, &make<CSlidingRheostat>},
     {{500, "CWire", "Wire"}, &make<CWire>},
+    {{502, "CCoilA", "Coil with iron core"}, &make<CCoilA>},
     {{504, "CBarMagnet", "Bar magnet"}, &make<CBarMagnet>},
     {{505, "CUtypeMagnet", "U-shaped magnet"}, &make<CUtypeMagnet>},
     {{506, "CMagneticfield", "Magnetic field"}, &make<CMagneticfield>},

@@ -59,6 +59,8 @@ const Scene kScenes[] = {
     {402, "coloured", "lit in a light colour of the host's", "set idLightOn=true;prop 5005 #7FD4FF"},
     {407, "quarter", "slider at 25 %", "set idPosValue=25"},
     {407, "named", "terminal names shown, slider dragged right", "set idShowTerminalNames=true;drag control_1 60 0 --final"},
+    {502, "current", "current up the front of a longer coil", "set idCurrentDirection=1;drag control_1 90 0 --final"},
+    {502, "hollow", "core taken out, current down the front", "set idShowCore=false idCurrentDirection=2"},
     {504, "flipped", "north on the left", "set idPoleDirection=1"},
     {504, "plain", "letters hidden", "set idShowLetters=false"},
     {505, "wide", "longer arms and a wider gap: the bend follows", "drag control_1 80 0 --final;drag control_2 0 70 --final"},
