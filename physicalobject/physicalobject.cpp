@@ -10,6 +10,7 @@
 #include "electromagnetism/CoilA.h"
 #include "electromagnetism/Electriccharge.h"
 #include "electromagnetism/Electricfield.h"
+#include "electromagnetism/Ironcore.h"
 #include "electromagnetism/Knob.h"
 #include "electromagnetism/Light.h"
 #include "electromagnetism/Magneticfield.h"
@@ -90,6 +91,7 @@ const Entry kTypes[] = {
     {{407, "CSlidingRheostat", "Sliding rheostat"}, &make<CSlidingRheostat>},
     {{500, "CWire", "Wire"}, &make<CWire>},
     {{502, "CCoilA", "Coil with iron core"}, &make<CCoilA>},
+    {{503, "CIroncore", "Iron core"}, &make<CIroncore>},
     {{504, "CBarMagnet", "Bar magnet"}, &make<CBarMagnet>},
     {{505, "CUtypeMagnet", "U-shaped magnet"}, &make<CUtypeMagnet>},
     {{506, "CMagneticfield", "Magnetic field"}, &make<CMagneticfield>},

@@ -61,6 +61,7 @@ const Scene kScenes[] = {
     {407, "named", "terminal names shown, slider dragged right", "set idShowTerminalNames=true;drag control_1 60 0 --final"},
     {502, "current", "current up the front of a longer coil", "set idCurrentDirection=1;drag control_1 90 0 --final"},
     {502, "hollow", "core taken out, current down the front", "set idShowCore=false idCurrentDirection=2"},
+    {503, "thick", "longer and thicker: more laminations", "set idLength=50 idThickness=70"},
     {504, "flipped", "north on the left", "set idPoleDirection=1"},
     {504, "plain", "letters hidden", "set idShowLetters=false"},
     {505, "wide", "longer arms and a wider gap: the bend follows", "drag control_1 80 0 --final;drag control_2 0 70 --final"},
