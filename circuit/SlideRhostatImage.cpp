@@ -68,7 +68,8 @@ double CSlideRhostImage::positionAt(double x)
 {
     QSvgNode *h = m_controlNodes.value(0);
     const double lo = getXMin(h), hi = getXMax(h);
-    return hi > lo ? (x - lo) * 100 / (hi - lo) : 0;
+    // Rounding in the handle's travel must not read as a place past either end.
+    return hi > lo ? qBound(0.0, (x - lo) * 100 / (hi - lo), 100.0) : 0;
 }
 
 bool CSlideRhostImage::updateSVG(QSvgNode *node, QPointF, bool)
