@@ -3,6 +3,7 @@
 // capture and restore, counted series and the save-load-save round trip.
 #include "helpers.h"
 #include <QJsonDocument>
+#include <QColor>
 #include <QJsonObject>
 #include <QUndoStack>
 
@@ -30,6 +31,15 @@ inline QStringList keys(CSVGBase *c)
     for (const QJsonValue &v : settingsOf(c))
         out << v.toObject().value("id").toString();
     return out;
+}
+
+// A colour as SetAttribute and editAttribute take it.
+inline QByteArray colourValue(const QColor &c)
+{
+    QByteArray b;
+    QDataStream out(&b, QIODevice::WriteOnly);
+    out << c;
+    return b;
 }
 
 inline void event(CSVGBase *c, int id)

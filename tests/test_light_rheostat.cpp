@@ -22,14 +22,6 @@ Made editWith(CSVGBase *c, const QString &key, const QString &value)
     return {GetFramework()->undoStack()->count() - steps, GetFramework()->records().size() - records};
 }
 
-QByteArray colourValue(const QColor &c)
-{
-    QByteArray b;
-    QDataStream out(&b, QIODevice::WriteOnly);
-    out << c;
-    return b;
-}
-
 struct LightTest : Fixture {
     void SetUp() override
     {
