@@ -46,7 +46,7 @@ QString CElectriccharge::getSVG()
         "<path id=\"sign\" fill=\"none\" stroke=\"#FFFFFF\" stroke-width=\"3\" stroke-linecap=\"round\""
         " d=\"M119,126H133M126,119V133\"/>\n"
         "<rect id=\"control_1\" x=\"241.5\" y=\"121.5\" width=\"9\" height=\"9\" rx=\"4.5\" ry=\"4.5\" fill=\"#1700FE\""
-        " x_from=\"141.5\" x_to=\"421.5\"/>\n"
+        " x_from=\"161.5\" x_to=\"441.5\"/>\n"
         "</svg>\n");
 }
 
@@ -77,6 +77,8 @@ int CElectriccharge::lineCount() const
     return kCounts[i >= 0 && i < 3 ? i : 0];
 }
 
+// A line starts just off the sphere and runs to the handle: that stretch is its length,
+// 20 to 300 over the handle's travel.
 double CElectriccharge::lineLength() const
 {
     QSvgNode *h = m_controlNodes.value(0);
