@@ -100,6 +100,16 @@ void apply(CSVGBase &obj, const QMap<QString, QString> &values, std::initializer
     }
 }
 
+QVector<QPair<QString, QString>> texts(CSVGBase &obj, std::initializer_list<Travel> items)
+{
+    QVector<QPair<QString, QString>> out;
+    out.reserve(int(items.size()));
+    for (const Travel &t : items)
+        out.append({QLatin1String(t.key),
+                    QString::number(HandlePos::percent(obj, t.handle, t.axis, HandlePos::get(obj, t.handle, t.axis)))});
+    return out;
+}
+
 void appendAngle(CSVGBase &obj, QJsonArray &array, int degrees)
 {
     if (CSVGObj *owner = obj.owner())

@@ -5,7 +5,9 @@
 // the percentage inputs of handles and the angle input of a turning handle.
 #include "HandlePos.h"
 #include <QMap>
+#include <QPair>
 #include <QString>
+#include <QVector>
 #include <initializer_list>
 
 class CAttribute;
@@ -42,6 +44,9 @@ void append(CSVGBase &obj, QJsonArray &array, std::initializer_list<Travel> item
 // Each present key moves its handle (typed decimals rounded and held to 0..100), with
 // `guard` set meanwhile so that the move does not echo to the panel.
 void apply(CSVGBase &obj, const QMap<QString, QString> &values, std::initializer_list<Travel> items, bool &guard);
+
+// The texts those inputs show, for CSVGBase::setDragSettingTexts.
+QVector<QPair<QString, QString>> texts(CSVGBase &obj, std::initializer_list<Travel> items);
 
 // "idAngle": whole degrees, -180 to 180, unit "°".
 void appendAngle(CSVGBase &obj, QJsonArray &array, int degrees);

@@ -26,6 +26,9 @@ double turnX(int i) { return kStart + kPitch / 2 + i * kPitch; }
 CCoilA::CCoilA(CSVGObj *owner) : CBasic(owner)
 {
     setPostsChangedSettings(true);
+    setDragSettingTexts([this] {
+        return PanelItems::texts(*this, {{"idLength", "IDS_PHYSICSOBJ_LENGTH", 0, HandlePos::X}});
+    });
 }
 
 CCoilA::~CCoilA() = default;

@@ -20,6 +20,9 @@ const QString f(double v) { return SvgNumbers::format(v); }
 CElectriccharge::CElectriccharge(CSVGObj *owner) : CBasic(owner)
 {
     setPostsChangedSettings(true);
+    setDragSettingTexts([this] {
+        return PanelItems::texts(*this, {{"idLength", "IDS_PHYSICSOBJ_LENGTH", 0, HandlePos::X}});
+    });
 }
 
 CElectriccharge::~CElectriccharge() = default;

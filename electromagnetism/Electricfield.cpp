@@ -32,6 +32,9 @@ QString signs(int count, bool plus)
 CElectricfield::CElectricfield(CSVGObj *owner) : CBasic(owner)
 {
     setPostsChangedSettings(true);
+    setDragSettingTexts([this] {
+        return PanelItems::texts(*this, {{"idLength", "IDS_PHYSICSOBJ_LENGTH", 0, HandlePos::X}, {"idSeparation", "IDS_PHYSICSOBJ_SEPARATION", 1, HandlePos::Y}});
+    });
 }
 
 CElectricfield::~CElectricfield() = default;

@@ -14,6 +14,9 @@ const QString kLam = QStringLiteral("lam");
 CIroncore::CIroncore(CSVGObj *owner) : CBasic(owner)
 {
     setPostsChangedSettings(true);
+    setDragSettingTexts([this] {
+        return PanelItems::texts(*this, {{"idLength", "IDS_PHYSICSOBJ_LENGTH", 0, HandlePos::X}, {"idThickness", "IDS_PHYSICSOBJ_THICKNESS", 1, HandlePos::Y}});
+    });
 }
 
 CIroncore::~CIroncore() = default;

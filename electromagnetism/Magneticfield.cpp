@@ -82,6 +82,9 @@ QString arrowLine(QPointF from, QPointF to)
 CMagneticfield::CMagneticfield(CSVGObj *owner) : CBasic(owner)
 {
     setPostsChangedSettings(true);
+    setDragSettingTexts([this] {
+        return PanelItems::texts(*this, {{"idWidth", "IDS_PHYSICSOBJ_WIDTH", 0, HandlePos::X}, {"idHeight", "IDS_PHYSICSOBJ_HEIGHT", 0, HandlePos::Y}});
+    });
 }
 
 CMagneticfield::~CMagneticfield() = default;

@@ -17,6 +17,10 @@ const QString f(double v) { return SvgNumbers::format(v); }
 CNegativeelectron::CNegativeelectron(CSVGObj *owner) : CBasic(owner)
 {
     setPostsChangedSettings(true);
+    setDragSettingTexts([this] {
+        return QVector<QPair<QString, QString>>{
+            {QStringLiteral("idAngle"), QString::number(HandlePos::wholeDegrees(angle()))}};
+    });
 }
 
 CNegativeelectron::~CNegativeelectron() = default;

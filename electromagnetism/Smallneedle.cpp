@@ -13,6 +13,10 @@ constexpr double kTip = 48; // the north tip's distance from the pin
 CSmallneedle::CSmallneedle(CSVGObj *owner) : CBasic(owner)
 {
     setPostsChangedSettings(true);
+    setDragSettingTexts([this] {
+        return QVector<QPair<QString, QString>>{
+            {QStringLiteral("idAngle"), QString::number(HandlePos::wholeDegrees(angle()))}};
+    });
 }
 
 CSmallneedle::~CSmallneedle() = default;

@@ -26,6 +26,9 @@ void setRect(QSvgNode *n, double x, double y, double w, double h)
 CUtypeMagnet::CUtypeMagnet(CSVGObj *owner) : CBasic(owner)
 {
     setPostsChangedSettings(true);
+    setDragSettingTexts([this] {
+        return PanelItems::texts(*this, {{"idLength", "IDS_PHYSICSOBJ_LENGTH", 0, HandlePos::X}, {"idGap", "IDS_PHYSICSOBJ_GAP", 1, HandlePos::Y}});
+    });
 }
 
 CUtypeMagnet::~CUtypeMagnet() = default;
