@@ -73,9 +73,15 @@ public:
             return;
         applyStyle(n, st);
         const double opacity = number(n->styleProperty(QStringLiteral("opacity")), 1);
-        m_p->save();
-        if (t != QSvgNode::Doc)
-            m_p->setTransform(n->localTransform(), true);
+        const QTransform local = t != QSvgNode::Doc ? n->localTransform() : QTransform();
+        // A shape sets its own pen and brush before it draws: one that neither moves
+        // nor fades leaves nothing to put back, and saving the painter's whole state
+        // for each of thousands of marks costs more than drawing some of them.
+        const bool keep = t == QSvgNode::Group || t == QSvgNode::Doc || !local.isIdentity() || opacity < 1;
+        if (keep)
+            m_p->save();
+        if (!local.isIdentity())
+            m_p->setTransform(local, true);
         if (opacity < 1)
             m_p->setOpacity(m_p->opacity() * qBound(0.0, opacity, 1.0));
         if (t == QSvgNode::Group || t == QSvgNode::Doc) {
@@ -89,7 +95,8 @@ public:
                 path.setFillRule(Qt::OddEvenFill);
             drawShape(path, st, t != QSvgNode::Line);
         }
-        m_p->restore();
+        if (keep)
+            m_p->restore();
     }
 
 private:
@@ -105,12 +112,28 @@ private:
             const QSvgNode *g = m_doc->namedNode(paintText.mid(hash + 1, close - hash - 1).trimmed());
             return g && isGradient(g) ? gradient(g, opacity, bbox) : QBrush(Qt::NoBrush);
         }
+        // Marks by the thousand share one colour: parse each text once per render.
+        for (const Solid &k : m_solids)
+            if (k.opacity == opacity && k.text == paintText)
+                return k.brush;
         QColor c(paintText);
-        if (!c.isValid())
-            return Qt::NoBrush;
-        c.setAlphaF(c.alphaF() * qBound(0.0, opacity, 1.0));
-        return c;
+        QBrush b = Qt::NoBrush;
+        if (c.isValid()) {
+            c.setAlphaF(c.alphaF() * qBound(0.0, opacity, 1.0));
+            b = c;
+        }
+        m_solids[m_nextSolid] = {paintText, opacity, b};
+        m_nextSolid = (m_nextSolid + 1) % 2;
+        return b;
     }
+
+    struct Solid {
+        QString text;
+        double opacity = -1;
+        QBrush brush;
+    };
+    Solid m_solids[2];
+    int m_nextSolid = 0;
 
     QBrush gradient(const QSvgNode *g, double opacity, const QRectF &bbox)
     {
@@ -166,12 +189,27 @@ private:
         return b;
     }
 
+    // Whether every subpath is a single straight segment (a cross, a tick): filling
+    // it would paint nothing, at the cost of a pass of the rasteriser per shape.
+    static bool enclosesNothing(const QPainterPath &path)
+    {
+        int lines = 0;
+        for (int i = 0; i < path.elementCount(); ++i) {
+            const QPainterPath::Element e = path.elementAt(i);
+            if (e.isMoveTo())
+                lines = 0;
+            else if (!e.isLineTo() || ++lines > 1)
+                return false;
+        }
+        return true;
+    }
+
     void drawShape(const QPainterPath &path, const Style &st, bool fill)
     {
         if (path.isEmpty())
             return;
         const QRectF bbox = path.boundingRect();
-        m_p->setBrush(fill ? paint(st.fill, st.fillOpacity, bbox) : QBrush(Qt::NoBrush));
+        m_p->setBrush(fill && !enclosesNothing(path) ? paint(st.fill, st.fillOpacity, bbox) : QBrush(Qt::NoBrush));
         m_p->setPen(pen(st, bbox));
         m_p->drawPath(path);
     }
