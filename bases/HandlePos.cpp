@@ -48,39 +48,15 @@ int percent(CSVGBase &obj, int index, Axis axis, double pos)
 
 void appendInput(CSVGBase &obj, QJsonArray &array, const QString &label, int p)
 {
-    appendInput(obj, array, QStringLiteral("idPosValue"), label, p);
-}
-
-void appendInput(CSVGBase &obj, QJsonArray &array, const QString &key, const QString &label, int p)
-{
     if (CSVGObj *owner = obj.owner())
-        array.append(owner->GetSettingJsonInput(key, label, QString::number(p), QStringLiteral("int"), QStringLiteral("0"),
-                                                QStringLiteral("100"), QString()));
+        array.append(owner->GetSettingJsonInput(QStringLiteral("idPosValue"), label, QString::number(p), QStringLiteral("int"),
+                                                QStringLiteral("0"), QStringLiteral("100"), QString()));
 }
 
 bool target(CSVGBase &obj, const QMap<QString, QString> &values, int index, Axis axis, bool mirrored, double &pos,
             Reading reading)
 {
-    return target(obj, values, QStringLiteral("idPosValue"), index, axis, mirrored, pos, reading);
-}
-
-bool typed(const QMap<QString, QString> &values, const QString &key, int lo, int hi, int &value)
-{
-    const auto it = values.constFind(key);
-    if (it == values.cend())
-        return false;
-    bool ok = false;
-    const double v = it.value().trimmed().toDouble(&ok);
-    if (!ok || !std::isfinite(v))
-        return false;
-    value = int(std::max(double(lo), std::min(double(hi), std::round(v))));
-    return true;
-}
-
-bool target(CSVGBase &obj, const QMap<QString, QString> &values, const QString &key, int index, Axis axis, bool mirrored,
-            double &pos, Reading reading)
-{
-    const auto it = values.constFind(key);
+    const auto it = values.constFind(QStringLiteral("idPosValue"));
     QSvgNode *h = obj.controlNodes().value(index);
     if (it == values.cend() || !h)
         return false;
@@ -130,6 +106,51 @@ void placeAt(CSVGBase &obj, int index, QPointF pivot, const Polar &where)
     h->setNumAttribute(QStringLiteral("y"), pivot.y() - std::sin(r) * where.distance - box.height() / 2);
 }
 
+void moveTo(CSVGBase &obj, int index, QPointF pos, bool &guard)
+{
+    QSvgNode *h = obj.controlNodes().value(index);
+    if (!h || !std::isfinite(pos.x()) || !std::isfinite(pos.y()) || std::fabs(pos.x()) > CSVGBase::kMaxExtent ||
+        std::fabs(pos.y()) > CSVGBase::kMaxExtent)
+        return;
+    const QPointF old = h->rect().topLeft();
+    h->setNumAttribute(QStringLiteral("x"), pos.x());
+    h->setNumAttribute(QStringLiteral("y"), pos.y());
+    guard = true;
+    obj.updateSVG(h, pos - old, true);
+    guard = false;
+}
+
+// ------------------------------------------------ inputs under other keys, turning
+
+void appendInput(CSVGBase &obj, QJsonArray &array, const QString &key, const QString &label, int p)
+{
+    if (CSVGObj *owner = obj.owner())
+        array.append(owner->GetSettingJsonInput(key, label, QString::number(p), QStringLiteral("int"), QStringLiteral("0"),
+                                                QStringLiteral("100"), QString()));
+}
+
+bool target(CSVGBase &obj, const QMap<QString, QString> &values, const QString &key, int index, Axis axis, bool mirrored,
+            double &pos, Reading reading)
+{
+    const auto it = values.constFind(key);
+    if (it == values.cend())
+        return false;
+    return target(obj, {{QStringLiteral("idPosValue"), it.value()}}, index, axis, mirrored, pos, reading);
+}
+
+bool typed(const QMap<QString, QString> &values, const QString &key, int lo, int hi, int &value)
+{
+    const auto it = values.constFind(key);
+    if (it == values.cend())
+        return false;
+    bool ok = false;
+    const double v = it.value().trimmed().toDouble(&ok);
+    if (!ok || !std::isfinite(v))
+        return false;
+    value = int(std::max(double(lo), std::min(double(hi), std::round(v))));
+    return true;
+}
+
 Polar settle(CSVGBase &obj, int index, QPointF pivot, const Polar &where)
 {
     QSvgNode *h = obj.controlNodes().value(index);
@@ -166,20 +187,6 @@ int wholeDegrees(double angle)
     else if (d > 180)
         d -= 360;
     return d;
-}
-
-void moveTo(CSVGBase &obj, int index, QPointF pos, bool &guard)
-{
-    QSvgNode *h = obj.controlNodes().value(index);
-    if (!h || !std::isfinite(pos.x()) || !std::isfinite(pos.y()) || std::fabs(pos.x()) > CSVGBase::kMaxExtent ||
-        std::fabs(pos.y()) > CSVGBase::kMaxExtent)
-        return;
-    const QPointF old = h->rect().topLeft();
-    h->setNumAttribute(QStringLiteral("x"), pos.x());
-    h->setNumAttribute(QStringLiteral("y"), pos.y());
-    guard = true;
-    obj.updateSVG(h, pos - old, true);
-    guard = false;
 }
 
 } // namespace HandlePos

@@ -26,8 +26,6 @@ int percentOf(double pos, double lo, double hi);
 int percent(CSVGBase &obj, int index, Axis axis, double pos);
 // Appends the panel's input "idPosValue" (int, 0 to 100) showing p.
 void appendInput(CSVGBase &obj, QJsonArray &array, const QString &label, int p);
-// The same input under another key ("idLength", "idWidth").
-void appendInput(CSVGBase &obj, QJsonArray &array, const QString &key, const QString &label, int p);
 // How a typed percentage is read.
 enum Reading {
     Integer,     // an integer, taken as it is, past 0..100 too; other text is refused
@@ -39,12 +37,6 @@ enum Reading {
 // key, the template no such handle, or the text is refused.
 bool target(CSVGBase &obj, const QMap<QString, QString> &values, int index, Axis axis, bool mirrored, double &pos,
             Reading reading = Integer);
-// The same for a percentage typed under another key.
-bool target(CSVGBase &obj, const QMap<QString, QString> &values, const QString &key, int index, Axis axis, bool mirrored,
-            double &pos, Reading reading = Decimal);
-// A whole number typed under key: a decimal, rounded and held to [lo, hi]. False when
-// the map has no such key or the text is no number.
-bool typed(const QMap<QString, QString> &values, const QString &key, int lo, int hi, int &value);
 
 // A handle that turns about a pivot (a bar's end, an arrow's tip, a needle's point).
 // Angles are degrees anticlockwise from the positive x axis with y up on screen, in
@@ -57,6 +49,20 @@ struct Polar {
 Polar polar(const CSVGBase &obj, int index, QPointF pivot);
 // Puts the handle's centre at that angle and distance from the pivot (no updateSVG).
 void placeAt(CSVGBase &obj, int index, QPointF pivot, const Polar &where);
+// Moves the handle's top-left to pos on both axes and hands the move to updateSVG as
+// a final drag, with `guard` set meanwhile; nothing for a place past the extent.
+void moveTo(CSVGBase &obj, int index, QPointF pos, bool &guard);
+
+// Inputs under other keys ("idLength", "idWidth") and handles turned to a typed angle.
+
+// Appends an input like appendInput's under another key.
+void appendInput(CSVGBase &obj, QJsonArray &array, const QString &key, const QString &label, int p);
+// The same as target for a percentage typed under another key.
+bool target(CSVGBase &obj, const QMap<QString, QString> &values, const QString &key, int index, Axis axis, bool mirrored,
+            double &pos, Reading reading = Decimal);
+// A whole number typed under key: a decimal, rounded and held to [lo, hi]. False when
+// the map has no such key or the text is no number.
+bool typed(const QMap<QString, QString> &values, const QString &key, int lo, int hi, int &value);
 // Puts the handle's centre at `where` unless it already stands there (to within a
 // rounding error), and returns where it stands then. A drawing made from what this
 // returns follows from the handle's place alone: a reload that puts the handle back
@@ -67,8 +73,5 @@ Polar settle(CSVGBase &obj, int index, QPointF pivot, const Polar &where);
 void turnTo(CSVGBase &obj, int index, QPointF pivot, double angle, bool &guard);
 // An angle as the panel shows it: whole degrees in (-180, 180], so -180 reads 180.
 int wholeDegrees(double angle);
-// Moves the handle's top-left to pos on both axes and hands the move to updateSVG as
-// a final drag, with `guard` set meanwhile; nothing for a place past the extent.
-void moveTo(CSVGBase &obj, int index, QPointF pos, bool &guard);
 
 } // namespace HandlePos
