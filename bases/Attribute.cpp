@@ -87,8 +87,26 @@ bool CAttribute::loadWithText(QDataStream &in, QString &text)
 
 bool CAttribute::comboIndexValid(int index)
 {
+    return comboIndexValid(-1, index);
+}
+
+QByteArray CAttribute::comboData(int attr)
+{
+    const auto it = m_comboOptions.constFind(attr);
+    if (it == m_comboOptions.cend())
+        return GetComboboxData();
+    QByteArray data;
+    QDataStream out(&data, QIODevice::WriteOnly);
+    out << int(it->size()) << int(0);
+    for (const QString &o : *it)
+        out << o;
+    return data;
+}
+
+bool CAttribute::comboIndexValid(int attr, int index)
+{
     // The combo data holds the number of choices first.
-    QByteArray data = GetComboboxData();
+    QByteArray data = comboData(attr);
     if (data.isEmpty())
         return true;
     QDataStream in(data);
@@ -100,7 +118,7 @@ bool CAttribute::comboIndexValid(int index)
 bool CAttribute::choiceValid(int attr, int index)
 {
     const auto own = m_choiceCounts.constFind(attr);
-    return own == m_choiceCounts.cend() ? comboIndexValid(index) : index >= 0 && index < *own;
+    return own == m_choiceCounts.cend() ? comboIndexValid(attr, index) : index >= 0 && index < *own;
 }
 
 bool CAttribute::getInnerProperty(int id, QDataStream &out)
@@ -178,12 +196,12 @@ void CAttribute::initSpecialPropItems()
 {
     for (auto it = m_attributes.cbegin(); it != m_attributes.cend(); ++it) {
         QByteArray combo;
-        QByteArray *comboData = nullptr;
+        QByteArray *data = nullptr;
         if (it->dataType == 1) {
-            combo = GetComboboxData();
-            comboData = &combo;
+            combo = comboData(it.key());
+            data = &combo;
         }
-        m_propItems.push_back(new CSVGPropItem(it.key(), it->name, it->propId, DATA_TYPE(it->dataType), comboData, true));
+        m_propItems.push_back(new CSVGPropItem(it.key(), it->name, it->propId, DATA_TYPE(it->dataType), data, true));
     }
 }
 
@@ -213,6 +231,12 @@ void CAttribute::addAttribute(int attr, int propId, int dataType, const QString 
     a.intValue = intValue;
     a.boolValue = boolValue;
     m_attributes.insert(attr, a);
+}
+
+void CAttribute::addCombo(int attr, int propId, const QString &name, int intValue, const QStringList &options)
+{
+    addAttribute(attr, propId, 1, name, intValue);
+    m_comboOptions.insert(attr, options);
 }
 
 void CAttribute::keepEverything(int id, bool &guard)

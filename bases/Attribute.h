@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QColor>
 #include <QMap>
+#include <QStringList>
 #include <QVector>
 #include <functional>
 #include <svgbase.h>
@@ -45,10 +46,17 @@ public:
     // The same for one attribute: against its own number of choices where it has one (an
     // apparatus with two combo boxes), else against GetComboboxData's.
     bool choiceValid(int attr, int index);
+    // The same for the combo box of attribute attr, which may have options of its own.
+    bool comboIndexValid(int attr, int index);
+    // The combo data of attribute attr: its own options (addCombo), else GetComboboxData().
+    QByteArray comboData(int attr);
 
 protected:
     // Adds one entry to the table with its default (an index for a combo box, a bool for a switch).
     void addAttribute(int attr, int propId, int dataType, const QString &name, int intValue = 0, bool boolValue = false);
+    // A combo box with options of its own, for an apparatus with more than one: its
+    // data and the choices it accepts come from these keys (or numbers shown as written).
+    void addCombo(int attr, int propId, const QString &name, int intValue, const QStringList &options);
     // Attribute ids 2804 and 2805 for one entry of the table: capture copies its value
     // into saved, restore replays saved through SetAttribute.
     void keepAttribute(int id, int attr, int &saved);
@@ -72,6 +80,7 @@ protected:
     bool m_bItemsOutline = false;
 
 private:
+    QMap<int, QStringList> m_comboOptions;
     QMap<int, DATA_MAP_STRUCT> m_captured;
     QMap<int, int> m_choiceCounts;
     QVector<QPointF> m_capturedHandles;

@@ -62,5 +62,25 @@ int shownDegrees(double angle);
 // A typed angle: a number held to [-180, 180] and rounded to whole degrees (-180 reads
 // 180); false for text that is no number.
 bool typedDegrees(const QString &text, int &degrees);
+// Inputs under other keys ("idLength", "idWidth") and handles turned to a typed angle.
+
+// Appends an input like appendInput's under another key.
+void appendInput(CSVGBase &obj, QJsonArray &array, const QString &key, const QString &label, int p);
+// The same as target for a percentage typed under another key.
+bool target(CSVGBase &obj, const QMap<QString, QString> &values, const QString &key, int index, Axis axis, bool mirrored,
+            double &pos, Reading reading = Decimal);
+// A whole number typed under key: a decimal, rounded and held to [lo, hi]. False when
+// the map has no such key or the text is no number.
+bool typed(const QMap<QString, QString> &values, const QString &key, int lo, int hi, int &value);
+// Puts the handle's centre at `where` unless it already stands there (to within a
+// rounding error), and returns where it stands then. A drawing made from what this
+// returns follows from the handle's place alone: a reload that puts the handle back
+// where it was draws exactly the same.
+Polar settle(CSVGBase &obj, int index, QPointF pivot, const Polar &where);
+// Turns the handle to `angle` about the pivot at the distance it stands at, and hands
+// the move to updateSVG as a final drag, with `guard` set meanwhile (a typed angle).
+void turnTo(CSVGBase &obj, int index, QPointF pivot, double angle, bool &guard);
+// An angle as the panel shows it: whole degrees in (-180, 180], so -180 reads 180.
+int wholeDegrees(double angle);
 
 } // namespace HandlePos

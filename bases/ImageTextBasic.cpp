@@ -91,8 +91,11 @@ void CImageTextBasic::RecordString(QString s, int actionId)
 
 bool CImageTextBasic::save(QDataStream &out)
 {
-    if (!m_bHostStreamOnly)
+    if (!m_bHostStreamOnly) {
         out << m_strText << m_textColor;
+        if (m_own.write)
+            m_own.write(out);
+    }
     return CSVGBase::save(out);
 }
 
@@ -108,13 +111,19 @@ bool CImageTextBasic::load(QDataStream &in)
         return refuseLoad(&in, QStringLiteral("cut short or damaged"));
     if (text.size() > maxTextLength())
         return refuseLoad(&in, QStringLiteral("a label longer than %1 characters").arg(maxTextLength()));
+    if (m_own.read && !m_own.read(in))
+        return refuseLoad(&in, QStringLiteral("cut short or damaged"));
     HostPart part;
     if (!readHostPart(in, part))
         return false;
+    if (m_own.fits && !m_own.fits(part))
+        return refuseLoad(&in, QStringLiteral("damaged"));
     applyLoaded(part, [&]() {
         m_strText = SvgXml::clean(text);
         m_textColor = color;
         UpdateText();
+        if (m_own.apply)
+            m_own.apply();
     }, nullptr);
     return true;
 }

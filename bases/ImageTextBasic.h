@@ -4,6 +4,7 @@
 #include "physicalobject/physicalobject_shared_global.h"
 #include <QColor>
 #include <QRectF>
+#include <functional>
 #include <svgbase.h>
 
 class PHYSICALOBJECT_SHARED_EXPORT CImageTextBasic : public CSVGBase
@@ -53,6 +54,18 @@ protected:
     int m_nFontSize = 10;
     QString m_strSavedText;
     QColor m_savedTextColor;
+
+    // What a symbol saves of its own after the label (a slider's place), in the binary
+    // stream: write() adds it; read() takes it back and says whether it is sound;
+    // fits() whether it agrees with the host's part; apply() puts it in place once the
+    // whole stream has been found sound.
+    struct OwnPart {
+        std::function<void(QDataStream &)> write;
+        std::function<bool(QDataStream &)> read;
+        std::function<bool(const HostPart &)> fits;
+        std::function<void()> apply;
+    };
+    OwnPart m_own;
 
 private:
     // The host's JSON form embeds the host stream; the label travels in its own keys there.

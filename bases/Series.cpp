@@ -1,5 +1,6 @@
 #include "Series.h"
 #include <QHash>
+#include <cmath>
 #include <svgbase.h>
 #include <vector>
 
@@ -14,6 +15,29 @@ QString id(const QString &prefix, int k)
     while (int(ids.size()) <= k)
         ids.push_back(prefix + QLatin1Char('_') + QString::number(int(ids.size())));
     return ids[size_t(k)];
+}
+
+Spread spread(double start, double length, double pitch)
+{
+    Spread s;
+    s.pitch = pitch;
+    const double n = pitch > 0 ? std::floor(length / pitch) : 1;
+    s.count = std::isfinite(n) ? int(qBound(1.0, n, double(kMaxCount))) : 1;
+    s.first = start + (length - s.count * pitch) / 2 + pitch / 2;
+    return s;
+}
+
+Grid grid(const QRectF &region, double pitch)
+{
+    Grid g;
+    g.columns = spread(region.x(), region.width(), pitch);
+    g.rows = spread(region.y(), region.height(), pitch);
+    if (g.count() > kMaxCount) {
+        const double top = g.rows.first;
+        g.rows.count = kMaxCount / g.columns.count;
+        g.rows.first = top;
+    }
+    return g;
 }
 
 QVector<QSvgNode *> members(const CSVGBase &obj, const QString &prefix, int first, int step)

@@ -616,6 +616,8 @@ const CSVGPropItem *CSVGBase::propItemByPropId(int propId) const
 
 QVector<QPair<QString, QString>> CSVGBase::settingTexts()
 {
+    if (m_dragTexts)
+        return m_dragTexts();
     QJsonArray items;
     GetSettingArray(items);
     QVector<QPair<QString, QString>> out;

@@ -265,6 +265,9 @@ protected:
     // changed, each once, in one message; a step that changes none posts nothing. For
     // apparatus that leave what a drag posts to the host.
     void setPostsChangedSettings(bool on) { m_bPostChanged = on; }
+    // The panel values a drag can change, as (key, text) pairs: the host then compares
+    // these alone before and after each step, not the whole panel built twice.
+    void setDragSettingTexts(std::function<QVector<QPair<QString, QString>>()> texts) { m_dragTexts = std::move(texts); }
 
     CSVGObj *m_pOwner;
     QSvgTinyDocument *m_pDocument = nullptr;
@@ -309,6 +312,7 @@ private:
     QColor m_capturedHostColor;
     bool m_bCaptured = false;
     bool m_bPostChanged = false;
+    std::function<QVector<QPair<QString, QString>>()> m_dragTexts;
     QColor m_penColor = Qt::black;
     Qt::PenStyle m_penStyle = Qt::SolidLine;
     int m_penWidth = 1;

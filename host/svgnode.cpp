@@ -978,6 +978,9 @@ QFont QSvgText::font() const
     const QString weight = styleProperty(QStringLiteral("font-weight"));
     if (boldFace || weight == QLatin1String("bold") || weight.toInt() >= 600)
         f.setBold(true);
+    const QString style = styleProperty(QStringLiteral("font-style"));
+    if (style == QLatin1String("italic") || style == QLatin1String("oblique"))
+        f.setItalic(true);
     return f;
 }
 

@@ -1,6 +1,7 @@
 // QPainter rendering of the document model.
 #include "svgtinydocument.h"
 #include <QLinearGradient>
+#include <QRadialGradient>
 #include <QPainter>
 #include <cmath>
 
@@ -18,6 +19,7 @@ struct Style {
     bool nonScaling = false;
     QString anchor;
     bool evenOdd = false;
+    bool hidden = false; // visibility: hidden (inherited; a child may show itself again)
 };
 
 double number(const QString &s, double fallback)
@@ -36,6 +38,7 @@ void applyStyle(const QSvgNode *n, Style &st)
     if (!(v = n->styleProperty(QStringLiteral("fill-opacity"))).isEmpty()) st.fillOpacity = number(v, 1);
     if (!(v = n->styleProperty(QStringLiteral("stroke-opacity"))).isEmpty()) st.strokeOpacity = number(v, 1);
     if (!(v = n->styleProperty(QStringLiteral("stroke-miterlimit"))).isEmpty()) st.miterLimit = number(v, 4);
+    if (!(v = n->styleProperty(QStringLiteral("visibility"))).isEmpty()) st.hidden = v != QLatin1String("visible");
     if (!(v = n->styleProperty(QStringLiteral("stroke-linecap"))).isEmpty())
         st.cap = v == QLatin1String("round") ? Qt::RoundCap : v == QLatin1String("square") ? Qt::SquareCap : Qt::FlatCap;
     if (!(v = n->styleProperty(QStringLiteral("stroke-linejoin"))).isEmpty())
@@ -48,6 +51,11 @@ void applyStyle(const QSvgNode *n, Style &st)
         st.nonScaling = v == QLatin1String("non-scaling-stroke");
     if (!(v = n->styleProperty(QStringLiteral("text-anchor"))).isEmpty()) st.anchor = v;
     if (!(v = n->styleProperty(QStringLiteral("fill-rule"))).isEmpty()) st.evenOdd = v == QLatin1String("evenodd");
+}
+
+bool isGradient(const QSvgNode *n)
+{
+    return n->type() == QSvgNode::LinearGradient || n->type() == QSvgNode::RadialGradient;
 }
 
 class Renderer
@@ -66,13 +74,20 @@ public:
         if (handle && !m_handles)
             return;
         const QSvgNode::Type t = n->type();
-        if (t == QSvgNode::Defs || t == QSvgNode::LinearGradient || t == QSvgNode::Stop || t == QSvgNode::Other)
+        if (t == QSvgNode::Defs || t == QSvgNode::LinearGradient || t == QSvgNode::RadialGradient || t == QSvgNode::Stop ||
+            t == QSvgNode::Other)
             return;
         applyStyle(n, st);
         const double opacity = number(n->styleProperty(QStringLiteral("opacity")), 1);
-        m_p->save();
-        if (t != QSvgNode::Doc)
-            m_p->setTransform(n->localTransform(), true);
+        const QTransform local = t != QSvgNode::Doc ? n->localTransform() : QTransform();
+        // A shape sets its own pen and brush before it draws: one that neither moves
+        // nor fades leaves nothing to put back, and saving the painter's whole state
+        // for each of thousands of marks costs more than drawing some of them.
+        const bool keep = t == QSvgNode::Group || t == QSvgNode::Doc || !local.isIdentity() || opacity < 1 || handle;
+        if (keep)
+            m_p->save();
+        if (!local.isIdentity())
+            m_p->setTransform(local, true);
         if (handle)
             enlargeHandle(n);
         if (opacity < 1)
@@ -88,7 +103,8 @@ public:
                 path.setFillRule(Qt::OddEvenFill);
             drawShape(path, st, t != QSvgNode::Line);
         }
-        m_p->restore();
+        if (keep)
+            m_p->restore();
     }
 
 private:
@@ -115,14 +131,30 @@ private:
             if (hash < 0 || close < hash)
                 return Qt::NoBrush;
             const QSvgNode *g = m_doc->namedNode(paintText.mid(hash + 1, close - hash - 1).trimmed());
-            return g && g->type() == QSvgNode::LinearGradient ? gradient(g, opacity, bbox) : QBrush(Qt::NoBrush);
+            return g && isGradient(g) ? gradient(g, opacity, bbox) : QBrush(Qt::NoBrush);
         }
+        // Marks by the thousand share one colour: parse each text once per render.
+        for (const Solid &k : m_solids)
+            if (k.opacity == opacity && k.text == paintText)
+                return k.brush;
         QColor c(paintText);
-        if (!c.isValid())
-            return Qt::NoBrush;
-        c.setAlphaF(c.alphaF() * qBound(0.0, opacity, 1.0));
-        return c;
+        QBrush b = Qt::NoBrush;
+        if (c.isValid()) {
+            c.setAlphaF(c.alphaF() * qBound(0.0, opacity, 1.0));
+            b = c;
+        }
+        m_solids[m_nextSolid] = {paintText, opacity, b};
+        m_nextSolid = (m_nextSolid + 1) % 2;
+        return b;
     }
+
+    struct Solid {
+        QString text;
+        double opacity = -1;
+        QBrush brush;
+    };
+    Solid m_solids[2];
+    int m_nextSolid = 0;
 
     QBrush gradient(const QSvgNode *g, double opacity, const QRectF &bbox)
     {
@@ -133,7 +165,7 @@ private:
             if (href.isEmpty())
                 href = stopsFrom->attribute(QStringLiteral("href"));
             const QSvgNode *next = href.startsWith(QLatin1Char('#')) ? m_doc->namedNode(href.mid(1)) : nullptr;
-            if (!next || next->type() != QSvgNode::LinearGradient)
+            if (!next || !isGradient(next))
                 break;
             stopsFrom = next;
         }
@@ -146,8 +178,14 @@ private:
             return s.trimmed().endsWith(QLatin1Char('%')) ? v / 100 : v;
         };
         QLinearGradient lg(coord("x1", 0), coord("y1", 0), coord("x2", userSpace ? 0 : 1), coord("y2", 0));
+        QRadialGradient rg;
+        if (g->type() == QSvgNode::RadialGradient) {
+            const double cx = coord("cx", 0.5), cy = coord("cy", 0.5);
+            rg = QRadialGradient(QPointF(cx, cy), coord("r", 0.5), QPointF(coord("fx", cx), coord("fy", cy)));
+        }
+        QGradient &grad = g->type() == QSvgNode::RadialGradient ? static_cast<QGradient &>(rg) : lg;
         if (!userSpace)
-            lg.setCoordinateMode(QGradient::ObjectMode);
+            grad.setCoordinateMode(QGradient::ObjectMode);
         for (const auto &s : stopsFrom->children()) {
             if (s->type() != QSvgNode::Stop)
                 continue;
@@ -159,9 +197,9 @@ private:
             if (!c.isValid())
                 c = Qt::black;
             c.setAlphaF(qBound(0.0, number(s->styleProperty(QStringLiteral("stop-opacity")), 1) * opacity, 1.0));
-            lg.setColorAt(qBound(0.0, pos, 1.0), c);
+            grad.setColorAt(qBound(0.0, pos, 1.0), c);
         }
-        QBrush b(lg);
+        QBrush b(grad);
         const QString gt = g->attribute(QStringLiteral("gradientTransform"));
         if (!gt.isEmpty()) {
             QSvgStructureNode tmp(QSvgNode::Group, QStringLiteral("g"));
@@ -172,12 +210,27 @@ private:
         return b;
     }
 
+    // Whether every subpath is a single straight segment (a cross, a tick): filling
+    // it would paint nothing, at the cost of a pass of the rasteriser per shape.
+    static bool enclosesNothing(const QPainterPath &path)
+    {
+        int lines = 0;
+        for (int i = 0; i < path.elementCount(); ++i) {
+            const QPainterPath::Element e = path.elementAt(i);
+            if (e.isMoveTo())
+                lines = 0;
+            else if (!e.isLineTo() || ++lines > 1)
+                return false;
+        }
+        return true;
+    }
+
     void drawShape(const QPainterPath &path, const Style &st, bool fill)
     {
-        if (path.isEmpty())
+        if (path.isEmpty() || st.hidden)
             return;
         const QRectF bbox = path.boundingRect();
-        m_p->setBrush(fill ? paint(st.fill, st.fillOpacity, bbox) : QBrush(Qt::NoBrush));
+        m_p->setBrush(fill && !enclosesNothing(path) ? paint(st.fill, st.fillOpacity, bbox) : QBrush(Qt::NoBrush));
         m_p->setPen(pen(st, bbox));
         m_p->drawPath(path);
     }
@@ -212,7 +265,7 @@ private:
     void drawText(const QSvgNode *n, const Style &st)
     {
         const QString text = QSvgText::drawnText(n->text());
-        if (text.isEmpty())
+        if (text.isEmpty() || st.hidden)
             return;
         const QFont font = static_cast<const QSvgText *>(n)->font();
         QPainterPath path;

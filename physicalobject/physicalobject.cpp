@@ -16,12 +16,23 @@
 #include "mechanics/TriangleBevel.h"
 
 // electricity and magnetism
+#include "electromagnetism/BarMagnet.h"
+#include "electromagnetism/CoilA.h"
+#include "electromagnetism/Electriccharge.h"
+#include "electromagnetism/Electricfield.h"
+#include "electromagnetism/Ironcore.h"
 #include "electromagnetism/Knob.h"
+#include "electromagnetism/Light.h"
+#include "electromagnetism/Magneticfield.h"
+#include "electromagnetism/Negativeelectron.h"
+#include "electromagnetism/Smallneedle.h"
+#include "electromagnetism/SlidingRheostat.h"
 #include "electromagnetism/MeterAmpere.h"
 #include "electromagnetism/MeterCustom.h"
 #include "electromagnetism/MeterElectric.h"
 #include "electromagnetism/MeterVolt.h"
 #include "electromagnetism/Switch.h"
+#include "electromagnetism/UtypeMagnet.h"
 #include "electromagnetism/Wire.h"
 
 // optics
@@ -46,6 +57,7 @@
 #include "circuit/LensRaisedImage.h"
 #include "circuit/ResistanceImage.h"
 #include "circuit/RingImage.h"
+#include "circuit/SlideRhostatImage.h"
 #include "circuit/SpeakerImage.h"
 #include "circuit/SwitchImage.h"
 #include "circuit/VoltmeterImage.h"
@@ -91,11 +103,22 @@ const Entry kTypes[] = {
     // electricity and magnetism
     {{400, "CSwitch", "Switch"}, &make<CSwitch>},
     {{401, "CKnob", "Knob"}, &make<CKnob>},
+    {{402, "CLight", "Light"}, &make<CLight>},
     {{403, "CMeterAmpere", "Ammeter"}, &make<CMeterAmpere>},
     {{404, "CMeterVolt", "Voltmeter"}, &make<CMeterVolt>},
     {{405, "CMeterElectric", "Galvanometer"}, &make<CMeterElectric>},
     {{406, "CMeterCustom", "Meter with a 0 to 6 scale"}, &make<CMeterCustom>},
+    {{407, "CSlidingRheostat", "Sliding rheostat"}, &make<CSlidingRheostat>},
     {{500, "CWire", "Wire"}, &make<CWire>},
+    {{502, "CCoilA", "Coil with iron core"}, &make<CCoilA>},
+    {{503, "CIroncore", "Iron core"}, &make<CIroncore>},
+    {{504, "CBarMagnet", "Bar magnet"}, &make<CBarMagnet>},
+    {{505, "CUtypeMagnet", "U-shaped magnet"}, &make<CUtypeMagnet>},
+    {{506, "CMagneticfield", "Magnetic field"}, &make<CMagneticfield>},
+    {{507, "CElectricfield", "Electric field"}, &make<CElectricfield>},
+    {{508, "CElectriccharge", "Electric charge"}, &make<CElectriccharge>},
+    {{509, "CNegativeelectron", "Electron"}, &make<CNegativeelectron>},
+    {{510, "CSmallneedle", "Small magnetic needle"}, &make<CSmallneedle>},
 
     // optics
     {{600, "CLensRaised", "Convex lens"}, &make<CLensRaised>},
@@ -119,6 +142,7 @@ const Entry kTypes[] = {
     {{708, "CAmmeterImage", "Ammeter symbol"}, &make<CAmmeterImage>},
     {{709, "CVoltmeterImage", "Voltmeter symbol"}, &make<CVoltmeterImage>},
     {{710, "CResistanceImage", "Resistor symbol"}, &make<CResistanceImage>},
+    {{711, "CSlideRhostImage", "Sliding rheostat symbol"}, &make<CSlideRhostImage>},
     {{712, "CEarthWireImage", "Earth symbol"}, &make<CEarthWireImage>},
     {{713, "CCapacitanceImage", "Capacitor symbol"}, &make<CCapacitanceImage>},
     {{714, "CSpeakerImage", "Speaker symbol"}, &make<CSpeakerImage>},

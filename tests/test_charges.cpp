@@ -1,0 +1,195 @@
+// The point charge (radial lines whose heads point out of + and into −, the length
+// handle) and the electron (a velocity arrow turned and stretched by its tip).
+#include "panel.h"
+#include <electromagnetism/Electriccharge.h>
+#include <electromagnetism/Negativeelectron.h>
+
+using namespace Panel;
+
+namespace {
+
+constexpr double kPi = 3.141592653589793;
+const QPointF kSphere(126, 126);
+
+QVector<double> numbers(const QString &d)
+{
+    QVector<double> out;
+    for (const QString &s : d.split(QRegularExpression("[ ,MLZ]+"), Qt::SkipEmptyParts))
+        out << s.toDouble();
+    return out;
+}
+
+struct ElectricchargeTest : Fixture {
+    void SetUp() override
+    {
+        Fixture::SetUp();
+        c = make(508);
+        q = static_cast<CElectriccharge *>(c);
+    }
+    CSVGBase *c = nullptr;
+    CElectriccharge *q = nullptr;
+};
+
+struct Charge {
+    int sign;  // 0 positive, 1 negative
+    int count; // 0, 1, 2: 8, 12, 16 lines
+};
+
+struct ElectricchargeLines : ElectricchargeTest, ::testing::WithParamInterface<Charge> {};
+
+} // namespace
+
+TEST_F(ElectricchargeTest, PositiveWithEightLinesAtFirst)
+{
+    EXPECT_EQ(keys(c), QStringList({"idChargeSign", "idShowFieldLines", "idLineCount", "idLength"}));
+    EXPECT_EQ(item(c, "idLineCount").value("options").toArray(), QJsonArray({"8", "12", "16"}));
+    EXPECT_EQ(item(c, "idChargeSign").value("options").toArray(),
+              QJsonArray({"IDS_PHYSICSOBJ_CHARGE_SIGN_0", "IDS_PHYSICSOBJ_CHARGE_SIGN_1"}));
+    EXPECT_TRUE(q->positive());
+    EXPECT_EQ(q->lineCount(), 8);
+    EXPECT_EQ(q->lineLength(), 100);
+    EXPECT_EQ(count(c, "line"), 8);
+    EXPECT_TRUE(node(c, "sign")->attribute("d").contains('V')); // a plus
+}
+
+// Line k leaves at (k - 1) / n of a turn anticlockwise; its head points away from +
+// and towards −.
+TEST_P(ElectricchargeLines, HeadsPointTheWayOfTheSign)
+{
+    const Charge ch = GetParam();
+    set(c, "idChargeSign", QString::number(ch.sign));
+    set(c, "idLineCount", QString::number(ch.count));
+    const int n = q->lineCount();
+    ASSERT_EQ(n, 8 + 4 * ch.count);
+    ASSERT_EQ(count(c, "line"), n);
+    for (int k = 1; k <= n; ++k) {
+        const QVector<double> v = numbers(node(c, QStringLiteral("line_%1").arg(k).toLatin1().constData())->attribute("d"));
+        ASSERT_EQ(v.size(), 10) << k;
+        const QPointF end(v[2] - kSphere.x(), kSphere.y() - v[3]);
+        double a = std::atan2(end.y(), end.x()) * 180 / kPi;
+        if (a < -1e-9)
+            a += 360;
+        EXPECT_NEAR(a, 360.0 * (k - 1) / n, 1e-9) << k;
+        const double tip = std::hypot(v[4] - kSphere.x(), v[5] - kSphere.y());
+        const double base = std::hypot((v[6] + v[8]) / 2 - kSphere.x(), (v[7] + v[9]) / 2 - kSphere.y());
+        if (ch.sign == 0)
+            EXPECT_GT(tip, base) << k;
+        else
+            EXPECT_LT(tip, base) << k;
+    }
+    EXPECT_EQ(node(c, "sign")->attribute("d").contains('V'), ch.sign == 0);
+    EXPECT_TRUE(reopens(c));
+}
+
+INSTANTIATE_TEST_SUITE_P(Signs, ElectricchargeLines,
+                         ::testing::Values(Charge{0, 0}, Charge{0, 2}, Charge{1, 0}, Charge{1, 1}, Charge{1, 2}));
+
+TEST_F(ElectricchargeTest, LengthHandleGrowsTheItemAboutTheSphere)
+{
+    GetFramework()->clearMessages();
+    drag(c, "control_1", 70, 40);
+    EXPECT_EQ(q->lineLength(), 170);
+    EXPECT_EQ(posted(), QStringList({"idLength=53"})); // (170 - 20) * 100 / 280
+    const QPointF sphere = node(c, "sphere")->documentBounds().center();
+    EXPECT_NEAR(c->document()->viewBox().center().x(), sphere.x(), 1e-9);
+    EXPECT_NEAR(c->document()->viewBox().center().y(), sphere.y(), 1e-9);
+    drag(c, "control_1", 1000, 0);
+    EXPECT_EQ(q->lineLength(), 300);
+    set(c, "idLength", "0");
+    EXPECT_EQ(q->lineLength(), 20);
+    EXPECT_EQ(node(c, "sphere")->documentBounds().center(), sphere);
+}
+
+TEST_F(ElectricchargeTest, HiddenLinesChoicesAndRestore)
+{
+    event(c, 2804);
+    set(c, "idShowFieldLines", "false");
+    set(c, "idLineCount", "3"); // no such choice
+    set(c, "idLineCount", "2");
+    EXPECT_FALSE(node(c, "lines")->isVisible());
+    EXPECT_EQ(count(c, "line"), 16);
+    drag(c, "control_1", -50, 0);
+    EXPECT_TRUE(reopens(c));
+    event(c, 2805);
+    EXPECT_TRUE(node(c, "lines")->isVisible());
+    EXPECT_EQ(count(c, "line"), 8);
+    EXPECT_EQ(q->lineLength(), 100);
+    EXPECT_TRUE(refusesCut(c, make(508)));
+}
+
+// ------------------------------------------------------------------- electron
+
+namespace {
+
+struct NegativeelectronTest : Fixture {
+    void SetUp() override
+    {
+        Fixture::SetUp();
+        c = make(509);
+        e = static_cast<CNegativeelectron *>(c);
+    }
+    // The arrow's tip in the drawing, from the turned group.
+    QPointF tip() { return node(c, "control_1")->rect().center(); }
+    CSVGBase *c = nullptr;
+    CNegativeelectron *e = nullptr;
+};
+
+} // namespace
+
+TEST_F(NegativeelectronTest, PointsRightAHundredLong)
+{
+    EXPECT_EQ(keys(c), QStringList({"idShowVelocity", "idAngle"}));
+    EXPECT_EQ(e->angle(), 0);
+    EXPECT_EQ(e->length(), 100);
+    EXPECT_EQ(node(c, "v_label")->text(), "v");
+    EXPECT_TRUE(node(c, "sign")->attribute("d").indexOf('V') < 0); // a minus only
+}
+
+TEST_F(NegativeelectronTest, TipMovesFreelyWithinItsLengths)
+{
+    GetFramework()->clearMessages();
+    drag(c, "control_1", -100, -100); // straight up from the centre
+    EXPECT_NEAR(e->angle(), 90, 1e-9);
+    EXPECT_NEAR(e->length(), 100, 1e-9);
+    EXPECT_EQ(posted(), QStringList({"idAngle=90"}));
+    EXPECT_NEAR(node(c, "velocity")->numAttribute("rotate_angle"), -90, 1e-9);
+    drag(c, "control_1", 0, 95); // nearly onto the electron: held to 20
+    EXPECT_NEAR(e->length(), 20, 1e-9);
+    EXPECT_NEAR(e->angle(), 90, 1e-9);
+    drag(c, "control_1", -2000, 0); // far away: held to 400
+    EXPECT_NEAR(e->length(), 400, 1e-9);
+    EXPECT_EQ(shown(c, "idAngle"), "177");
+    // The arrow's head reaches the handle.
+    const QRectF arrow = node(c, "velocity")->documentBounds();
+    EXPECT_NEAR(arrow.left(), tip().x(), 1);
+    EXPECT_TRUE(reopens(c));
+}
+
+TEST_F(NegativeelectronTest, TypedAngleKeepsTheLength)
+{
+    drag(c, "control_1", 50, 0);
+    GetFramework()->clearMessages();
+    set(c, "idAngle", "-90");
+    EXPECT_NEAR(e->angle(), -90, 1e-9);
+    EXPECT_NEAR(e->length(), 150, 1e-9);
+    EXPECT_TRUE(GetFramework()->settingsMessages().isEmpty());
+    set(c, "idAngle", "fast");
+    EXPECT_NEAR(e->angle(), -90, 1e-9);
+}
+
+TEST_F(NegativeelectronTest, HiddenVelocityRestoreAndUndo)
+{
+    const QString before = svgText(c);
+    event(c, 2804);
+    set(c, "idShowVelocity", "false");
+    EXPECT_FALSE(node(c, "velocity")->isVisible());
+    EXPECT_FALSE(node(c, "v_label")->isVisible());
+    set(c, "idAngle", "45");
+    event(c, 2805);
+    EXPECT_TRUE(node(c, "velocity")->isVisible());
+    EXPECT_NEAR(e->angle(), 0, 1e-9);
+    EXPECT_TRUE(c->editSettings({{"idAngle", "120"}}));
+    GetFramework()->undoStack()->undo();
+    EXPECT_TRUE(sameDocument(svgText(c), before));
+    EXPECT_TRUE(refusesCut(c, make(509)));
+}
