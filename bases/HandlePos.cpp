@@ -34,9 +34,12 @@ void set(CSVGBase &obj, int index, Axis axis, double pos, bool &guard)
 
 int percentOf(double pos, double lo, double hi)
 {
-    const double p = (pos - lo) * 100 / (hi - lo);
+    double p = (pos - lo) * 100 / (hi - lo);
     if (!std::isfinite(p))
         return 0;
+    const double whole = std::round(p);
+    if (std::fabs(p - whole) < 1e-9)
+        p = whole;
     return int(std::max(-1e9, std::min(1e9, p)));
 }
 
@@ -53,10 +56,11 @@ void appendInput(CSVGBase &obj, QJsonArray &array, const QString &label, int p)
                                                 QStringLiteral("0"), QStringLiteral("100"), QString()));
 }
 
-bool target(CSVGBase &obj, const QMap<QString, QString> &values, int index, Axis axis, bool mirrored, double &pos,
-            Reading reading)
+namespace {
+bool targetOf(CSVGBase &obj, const QMap<QString, QString> &values, const QString &key, int index, Axis axis, bool mirrored,
+              double &pos, Reading reading)
 {
-    const auto it = values.constFind(QStringLiteral("idPosValue"));
+    const auto it = values.constFind(key);
     QSvgNode *h = obj.controlNodes().value(index);
     if (it == values.cend() || !h)
         return false;
@@ -77,6 +81,51 @@ bool target(CSVGBase &obj, const QMap<QString, QString> &values, int index, Axis
     const double lo = lowBound(obj, h, axis), hi = highBound(obj, h, axis);
     pos = (hi - lo) * v / 100 + lo;
     return std::isfinite(pos);
+}
+} // namespace
+
+bool target(CSVGBase &obj, const QMap<QString, QString> &values, int index, Axis axis, bool mirrored, double &pos,
+            Reading reading)
+{
+    return targetOf(obj, values, QStringLiteral("idPosValue"), index, axis, mirrored, pos, reading);
+}
+
+int percent(CSVGBase &obj, const Slot &slot, double pos)
+{
+    QSvgNode *h = obj.controlNodes().value(slot.handle);
+    if (!h)
+        return 0;
+    const double lo = lowBound(obj, h, slot.axis), hi = highBound(obj, h, slot.axis);
+    return slot.mirrored ? percentOf(-pos, -hi, -lo) : percentOf(pos, lo, hi);
+}
+
+int percent(CSVGBase &obj, const Slot &slot) { return percent(obj, slot, get(obj, slot.handle, slot.axis)); }
+
+void appendInput(CSVGBase &obj, QJsonArray &array, const Slot &slot)
+{
+    if (CSVGObj *owner = obj.owner())
+        array.append(owner->GetSettingJsonInput(QLatin1String(slot.key), QLatin1String(slot.label),
+                                                QString::number(percent(obj, slot)), QStringLiteral("int"),
+                                                QStringLiteral("0"), QStringLiteral("100"), QString()));
+}
+
+bool target(CSVGBase &obj, const QMap<QString, QString> &values, const Slot &slot, double &pos)
+{
+    return targetOf(obj, values, QLatin1String(slot.key), slot.handle, slot.axis, slot.mirrored, pos, Decimal);
+}
+
+void post(CSVGBase &obj, const Slot &slot)
+{
+    CSVGBase::postSetting(QLatin1String(slot.key), QString::number(percent(obj, slot)));
+}
+
+void setWithin(CSVGBase &obj, const Slot &slot, double pos, bool &guard)
+{
+    QSvgNode *h = obj.controlNodes().value(slot.handle);
+    if (!h || !std::isfinite(pos))
+        return;
+    const double lo = lowBound(obj, h, slot.axis), hi = highBound(obj, h, slot.axis);
+    set(obj, slot.handle, slot.axis, std::max(lo, std::min(hi, pos)), guard);
 }
 
 Polar polar(const CSVGBase &obj, int index, QPointF pivot)
@@ -104,6 +153,26 @@ void placeAt(CSVGBase &obj, int index, QPointF pivot, const Polar &where)
     const QRectF box = h->rect();
     h->setNumAttribute(QStringLiteral("x"), pivot.x() + std::cos(r) * where.distance - box.width() / 2);
     h->setNumAttribute(QStringLiteral("y"), pivot.y() - std::sin(r) * where.distance - box.height() / 2);
+}
+
+QPointF centre(const CSVGBase &obj, int index)
+{
+    QSvgNode *h = obj.controlNodes().value(index);
+    return h ? h->rect().center() : QPointF();
+}
+
+void placeCentre(CSVGBase &obj, int index, QPointF p)
+{
+    QSvgNode *h = obj.controlNodes().value(index);
+    if (!h || !std::isfinite(p.x()) || !std::isfinite(p.y()))
+        return;
+    const QRectF box = h->rect();
+    const double x = p.x() - box.width() / 2, y = p.y() - box.height() / 2;
+    // Written only when it moves: a drag places handles on every step.
+    if (x != box.x())
+        h->setNumAttribute(QStringLiteral("x"), x);
+    if (y != box.y())
+        h->setNumAttribute(QStringLiteral("y"), y);
 }
 
 void moveTo(CSVGBase &obj, int index, QPointF pos, bool &guard)

@@ -358,6 +358,7 @@ std::unique_ptr<QSvgNode> QSvgNode::create(const QString &name)
         {QStringLiteral("text"), [] { return std::unique_ptr<QSvgNode>(new QSvgText); }},
         {QStringLiteral("defs"), [] { return std::unique_ptr<QSvgNode>(new QSvgStructureNode(QSvgNode::Defs, QStringLiteral("defs"))); }},
         {QStringLiteral("linearGradient"), [] { return std::unique_ptr<QSvgNode>(new QSvgStructureNode(QSvgNode::LinearGradient, QStringLiteral("linearGradient"))); }},
+        {QStringLiteral("radialGradient"), [] { return std::unique_ptr<QSvgNode>(new QSvgStructureNode(QSvgNode::RadialGradient, QStringLiteral("radialGradient"))); }},
         {QStringLiteral("stop"), [] { return std::unique_ptr<QSvgNode>(new QSvgStructureNode(QSvgNode::Stop, QStringLiteral("stop"))); }},
     };
     const Factory f = factories.value(name, nullptr);

@@ -36,7 +36,7 @@ class HOST_EXPORT QSvgNode
 {
 public:
     enum Type : quint8 { Doc, Group, Rect, Line, Path, Polygon, Polyline, Ellipse, Circle, Text,
-                         Defs, LinearGradient, Stop, Other };
+                         Defs, LinearGradient, RadialGradient, Stop, Other };
 
     struct Attr {
         QString name;   // one shared string per name (names are interned)

@@ -1,6 +1,7 @@
 // QPainter rendering of the document model.
 #include "svgtinydocument.h"
 #include <QLinearGradient>
+#include <QRadialGradient>
 #include <QPainter>
 #include <cmath>
 
@@ -62,7 +63,8 @@ public:
         if (!m_handles && n->nodeId().startsWith(QLatin1String("control_")))
             return;
         const QSvgNode::Type t = n->type();
-        if (t == QSvgNode::Defs || t == QSvgNode::LinearGradient || t == QSvgNode::Stop || t == QSvgNode::Other)
+        if (t == QSvgNode::Defs || t == QSvgNode::LinearGradient || t == QSvgNode::RadialGradient || t == QSvgNode::Stop ||
+            t == QSvgNode::Other)
             return;
         applyStyle(n, st);
         const double opacity = number(n->styleProperty(QStringLiteral("opacity")), 1);
@@ -96,7 +98,9 @@ private:
             if (hash < 0 || close < hash)
                 return Qt::NoBrush;
             const QSvgNode *g = m_doc->namedNode(paintText.mid(hash + 1, close - hash - 1).trimmed());
-            return g && g->type() == QSvgNode::LinearGradient ? gradient(g, opacity, bbox) : QBrush(Qt::NoBrush);
+            return g && (g->type() == QSvgNode::LinearGradient || g->type() == QSvgNode::RadialGradient)
+                       ? gradient(g, opacity, bbox)
+                       : QBrush(Qt::NoBrush);
         }
         QColor c(paintText);
         if (!c.isValid())
@@ -107,14 +111,14 @@ private:
 
     QBrush gradient(const QSvgNode *g, double opacity, const QRectF &bbox)
     {
-        // Stops may come from a referenced gradient.
+        // Stops may come from a referenced gradient, of either kind.
         const QSvgNode *stopsFrom = g;
         for (int hops = 0; stopsFrom->children().empty() && hops < 8; ++hops) {
             QString href = stopsFrom->attribute(QStringLiteral("xlink:href"));
             if (href.isEmpty())
                 href = stopsFrom->attribute(QStringLiteral("href"));
             const QSvgNode *next = href.startsWith(QLatin1Char('#')) ? m_doc->namedNode(href.mid(1)) : nullptr;
-            if (!next || next->type() != QSvgNode::LinearGradient)
+            if (!next || (next->type() != QSvgNode::LinearGradient && next->type() != QSvgNode::RadialGradient))
                 break;
             stopsFrom = next;
         }
@@ -126,9 +130,21 @@ private:
             const double v = number(s, def);
             return s.trimmed().endsWith(QLatin1Char('%')) ? v / 100 : v;
         };
-        QLinearGradient lg(coord("x1", 0), coord("y1", 0), coord("x2", userSpace ? 0 : 1), coord("y2", 0));
+        QGradient *grad;
+        QLinearGradient lg;
+        QRadialGradient rg;
+        if (g->type() == QSvgNode::RadialGradient) {
+            // Centre, radius and focus default to the middle of the box, as SVG has them.
+            const double def = userSpace ? 0 : 0.5;
+            const double cx = coord("cx", def), cy = coord("cy", def), r = coord("r", def);
+            rg = QRadialGradient(QPointF(cx, cy), qMax(0.0, r), QPointF(coord("fx", cx), coord("fy", cy)));
+            grad = &rg;
+        } else {
+            lg = QLinearGradient(coord("x1", 0), coord("y1", 0), coord("x2", userSpace ? 0 : 1), coord("y2", 0));
+            grad = &lg;
+        }
         if (!userSpace)
-            lg.setCoordinateMode(QGradient::ObjectMode);
+            grad->setCoordinateMode(QGradient::ObjectMode);
         for (const auto &s : stopsFrom->children()) {
             if (s->type() != QSvgNode::Stop)
                 continue;
@@ -140,9 +156,9 @@ private:
             if (!c.isValid())
                 c = Qt::black;
             c.setAlphaF(qBound(0.0, number(s->styleProperty(QStringLiteral("stop-opacity")), 1) * opacity, 1.0));
-            lg.setColorAt(qBound(0.0, pos, 1.0), c);
+            grad->setColorAt(qBound(0.0, pos, 1.0), c);
         }
-        QBrush b(lg);
+        QBrush b(*grad);
         const QString gt = g->attribute(QStringLiteral("gradientTransform"));
         if (!gt.isEmpty()) {
             QSvgStructureNode tmp(QSvgNode::Group, QStringLiteral("g"));
