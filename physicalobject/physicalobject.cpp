@@ -1,5 +1,6 @@
 #include "physicalobject.h"
 #include "mechanics/Coil.h"
+#include "mechanics/FlatBoard.h"
 #include "mechanics/Ruler.h"
 #include "mechanics/Spring.h"
 #include "mechanics/Stick.h"
@@ -62,6 +63,7 @@ struct Entry {
 // Every id that creates content. Ids of the table that have no class yet, and ids
 // outside it, leave the container empty.
 const Entry kTypes[] = {
+    {{100, "CFlatBoard", "Flat board"}, &make<CFlatBoard>},
     {{102, "CTriangleBevel", "Triangular incline"}, &make<CTriangleBevel>},
     {{107, "CStick", "Stick"}, &make<CStick>},
     {{109, "CRuler", "Ruler"}, &make<CRuler>},

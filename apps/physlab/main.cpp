@@ -27,6 +27,8 @@ struct Scene {
 };
 
 const Scene kScenes[] = {
+    {100, "glass", "glass surface, lengthened and thickened", "set idSurface=0;drag control_1 160 0 --final;drag control_2 0 -14 --final"},
+    {100, "cloth", "cloth surface on the thinnest board", "set idSurface=2 idThickness=0"},
     {107, "turned", "handle dragged down and in: the bar follows", "drag control_1 -60 70 --final"},
     {107, "left", "handle dragged left of the pivot (angle between 90 and 270)", "drag control_1 -260 -40 --final"},
     {109, "shortest", "length 0 %: 16 ticks, labels 0 and 1", "set idPosValue=0"},
