@@ -5,6 +5,7 @@
 #include "mechanics/Spring.h"
 #include "mechanics/Stick.h"
 #include "mechanics/TriangleBevel.h"
+#include "mechanics/VernierCalipers.h"
 
 // electricity and magnetism
 #include "electromagnetism/Knob.h"
@@ -67,6 +68,7 @@ const Entry kTypes[] = {
     {{102, "CTriangleBevel", "Triangular incline"}, &make<CTriangleBevel>},
     {{107, "CStick", "Stick"}, &make<CStick>},
     {{109, "CRuler", "Ruler"}, &make<CRuler>},
+    {{110, "CVernierCalipers", "Vernier calipers"}, &make<CVernierCalipers>},
     {{202, "CSpring", "Spring"}, &make<CSpring>},
     {{501, "CCoil", "Coil"}, &make<CCoil>},
 

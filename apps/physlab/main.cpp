@@ -38,6 +38,10 @@ const Scene kScenes[] = {
     {202, "nohooks", "hook choice 0: no hooks at either end", "set idHookCount=0"},
     {501, "stretched", "handle dragged down with the lead wires shown", "drag control_1 0 60 --final"},
     {501, "noleads", "lead choice 0: no lead wires", "set idLeadCount=0"},
+    {110, "reading234", "23.4 mm on the 10-division vernier: its 4th tick meets the main scale at 27 mm", "set idCaliperValue=23.4"},
+    {110, "reading2345", "23.45 mm on the 20-division vernier: its 9th tick meets the main scale at 32 mm",
+     "set idVernierDivisions=1;set idCaliperValue=23.45"},
+    {110, "fifty", "50-division vernier, jaw dragged open: the reading snaps to 0.02 mm", "set idVernierDivisions=2;drag control_1 247.3 0 --final"},
     {102, "reshaped", "base lengthened and apex raised", "drag control_1 120 0 --final;drag control_2 0 -70 --final"},
 
     // electricity and magnetism
