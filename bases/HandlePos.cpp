@@ -155,6 +155,61 @@ void placeAt(CSVGBase &obj, int index, QPointF pivot, const Polar &where)
     h->setNumAttribute(QStringLiteral("y"), pivot.y() - std::sin(r) * where.distance - box.height() / 2);
 }
 
+Polar heldPolar(const CSVGBase &obj, int index, QPointF pivot, double minAngle, double maxAngle, double minDistance,
+                double maxDistance)
+{
+    Polar p = polar(obj, index, pivot);
+    if (!std::isfinite(p.angle) || !std::isfinite(p.distance) || p.distance == 0)
+        p.angle = std::max(minAngle, std::min(maxAngle, 0.0));
+    p.angle = std::max(minAngle, std::min(maxAngle, p.angle));
+    p.distance = std::isfinite(p.distance) ? std::max(minDistance, std::min(maxDistance, p.distance)) : minDistance;
+    return p;
+}
+
+QPointF topLeftAt(const CSVGBase &obj, int index, QPointF pivot, const Polar &where)
+{
+    QSvgNode *h = obj.controlNodes().value(index);
+    if (!h)
+        return QPointF();
+    const double r = where.angle * 3.141592653589793 / 180;
+    const QRectF box = h->rect();
+    return QPointF(pivot.x() + std::cos(r) * where.distance - box.width() / 2,
+                   pivot.y() - std::sin(r) * where.distance - box.height() / 2);
+}
+
+Polar putBack(CSVGBase &obj, int index, QPointF pivot, const Polar &where)
+{
+    QSvgNode *h = obj.controlNodes().value(index);
+    if (!h || !std::isfinite(where.angle) || !std::isfinite(where.distance))
+        return polar(obj, index, pivot);
+    const QPointF to = topLeftAt(obj, index, pivot, where), at = h->rect().topLeft();
+    if (std::fabs(to.x() - at.x()) > 1e-9 || std::fabs(to.y() - at.y()) > 1e-9) {
+        h->setNumAttribute(QStringLiteral("x"), to.x());
+        h->setNumAttribute(QStringLiteral("y"), to.y());
+    }
+    // Within rounding of a whole degree or unit it is that one: a typed 45° draws 45.
+    Polar p = polar(obj, index, pivot);
+    for (double *v : {&p.angle, &p.distance})
+        if (std::fabs(*v - std::round(*v)) < 1e-9)
+            *v = std::round(*v);
+    return p;
+}
+
+bool typedNumber(const QMap<QString, QString> &values, const QString &key, double lo, double hi, bool whole, double &v)
+{
+    const auto it = values.constFind(key);
+    if (it == values.cend())
+        return false;
+    bool ok = false;
+    double typed = it.value().trimmed().toDouble(&ok);
+    if (!ok || !std::isfinite(typed))
+        return false;
+    if (whole)
+        typed = std::round(typed);
+    v = std::max(lo, std::min(hi, typed));
+    return true;
+}
+
 QPointF centre(const CSVGBase &obj, int index)
 {
     QSvgNode *h = obj.controlNodes().value(index);

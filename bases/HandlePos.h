@@ -74,6 +74,24 @@ struct Polar {
 Polar polar(const CSVGBase &obj, int index, QPointF pivot);
 // Puts the handle's centre at that angle and distance from the pivot (no updateSVG).
 void placeAt(CSVGBase &obj, int index, QPointF pivot, const Polar &where);
+// The end of a bar turning about pivot, as the handle stands: its direction held to
+// [minAngle, maxAngle] and its distance to [minDistance, maxDistance]. A handle on the
+// pivot points at minAngle or 0, whichever lies in the range.
+Polar heldPolar(const CSVGBase &obj, int index, QPointF pivot, double minAngle, double maxAngle, double minDistance,
+                double maxDistance);
+// The handle's top-left that puts its centre at `where` from pivot: for moveTo.
+QPointF topLeftAt(const CSVGBase &obj, int index, QPointF pivot, const Polar &where);
+
+// Puts the handle back on the bar's end at `where`, unless it stands there already to
+// within rounding, and returns where it now stands seen from pivot. Drawing from that,
+// not from `where`, draws a reopened object, whose handle is read back, the same. An
+// angle or distance within rounding of a whole number reads as that number.
+Polar putBack(CSVGBase &obj, int index, QPointF pivot, const Polar &where);
+
+// A number typed into the panel under key: read as a decimal, rounded when `whole`, held
+// to lo..hi. False when the key is missing or the text is no finite number.
+bool typedNumber(const QMap<QString, QString> &values, const QString &key, double lo, double hi, bool whole, double &v);
+
 // The handle's centre, the point it marks; (0, 0) when there is no such handle.
 QPointF centre(const CSVGBase &obj, int index);
 // Puts the handle's centre on p (no updateSVG): for handles the code places.
