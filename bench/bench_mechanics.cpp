@@ -79,3 +79,6 @@ BENCHMARK(BM_CalipersSweep)->Unit(benchmark::kMillisecond);
 
 static void BM_FlatBoardDrag(benchmark::State &state) { dragBackAndForth(state, 100, 0, QPointF(13.7, 0)); }
 BENCHMARK(BM_FlatBoardDrag);
+
+static void BM_BevelDrag(benchmark::State &state) { dragBackAndForth(state, 101, 0, QPointF(-13.7, -6.1)); }
+BENCHMARK(BM_BevelDrag);

@@ -1,5 +1,6 @@
 #include "physicalobject.h"
 #include "mechanics/Coil.h"
+#include "mechanics/Bevel.h"
 #include "mechanics/FlatBoard.h"
 #include "mechanics/Ruler.h"
 #include "mechanics/Spring.h"
@@ -65,6 +66,7 @@ struct Entry {
 // outside it, leave the container empty.
 const Entry kTypes[] = {
     {{100, "CFlatBoard", "Flat board"}, &make<CFlatBoard>},
+    {{101, "CBevel", "Sloped board"}, &make<CBevel>},
     {{102, "CTriangleBevel", "Triangular incline"}, &make<CTriangleBevel>},
     {{107, "CStick", "Stick"}, &make<CStick>},
     {{109, "CRuler", "Ruler"}, &make<CRuler>},

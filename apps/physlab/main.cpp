@@ -42,6 +42,8 @@ const Scene kScenes[] = {
     {110, "reading2345", "23.45 mm on the 20-division vernier: its 9th tick meets the main scale at 32 mm",
      "set idVernierDivisions=1;set idCaliperValue=23.45"},
     {110, "fifty", "50-division vernier, jaw dragged open: the reading snaps to 0.02 mm", "set idVernierDivisions=2;drag control_1 247.3 0 --final"},
+    {101, "fifteen", "sloped at 15 degrees: the angle written under the bench line", "set idAngle=15"},
+    {101, "sixty", "sloped at 60 degrees and lengthened", "set idAngle=60 idLength=40"},
     {102, "reshaped", "base lengthened and apex raised", "drag control_1 120 0 --final;drag control_2 0 -70 --final"},
 
     // electricity and magnetism
