@@ -82,3 +82,6 @@ BENCHMARK(BM_FlatBoardDrag);
 
 static void BM_BevelDrag(benchmark::State &state) { dragBackAndForth(state, 101, 0, QPointF(-13.7, -6.1)); }
 BENCHMARK(BM_BevelDrag);
+
+static void BM_LeverDrag(benchmark::State &state) { dragBackAndForth(state, 108, 0, QPointF(17.3, -31.1)); }
+BENCHMARK(BM_LeverDrag);

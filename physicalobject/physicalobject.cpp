@@ -2,6 +2,7 @@
 #include "mechanics/Coil.h"
 #include "mechanics/Bevel.h"
 #include "mechanics/FlatBoard.h"
+#include "mechanics/Lever.h"
 #include "mechanics/Ruler.h"
 #include "mechanics/Spring.h"
 #include "mechanics/Stick.h"
@@ -69,6 +70,7 @@ const Entry kTypes[] = {
     {{101, "CBevel", "Sloped board"}, &make<CBevel>},
     {{102, "CTriangleBevel", "Triangular incline"}, &make<CTriangleBevel>},
     {{107, "CStick", "Stick"}, &make<CStick>},
+    {{108, "CLever", "Lever"}, &make<CLever>},
     {{109, "CRuler", "Ruler"}, &make<CRuler>},
     {{110, "CVernierCalipers", "Vernier calipers"}, &make<CVernierCalipers>},
     {{202, "CSpring", "Spring"}, &make<CSpring>},

@@ -44,6 +44,8 @@ const Scene kScenes[] = {
     {110, "fifty", "50-division vernier, jaw dragged open: the reading snaps to 0.02 mm", "set idVernierDivisions=2;drag control_1 247.3 0 --final"},
     {101, "fifteen", "sloped at 15 degrees: the angle written under the bench line", "set idAngle=15"},
     {101, "sixty", "sloped at 60 degrees and lengthened", "set idAngle=60 idLength=40"},
+    {108, "tilted", "tilted 20 degrees anticlockwise with 8 holes each side", "set idMarkCount=8 idAngle=20"},
+    {108, "dragged", "right end dragged down and in: tilted clockwise, 3 holes each side", "drag control_1 -70 40 --final"},
     {102, "reshaped", "base lengthened and apex raised", "drag control_1 120 0 --final;drag control_2 0 -70 --final"},
 
     // electricity and magnetism
