@@ -251,35 +251,20 @@ void CVernierCalipers::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    // A drag asks for the items twice a step, to post what it changed: they are built
-    // once per vernier, and a new reading only rewrites its value.
-    const int index = m_attributes.value(kDivisionsAttr).intValue;
-    const QString text = readingText();
-    if (index != m_panelIndex || m_panelItems.size() != 2) {
-        QJsonObject divisionsItem = attributeItem(
-            kDivisionsAttr, QStringLiteral("idVernierDivisions"), QStringLiteral("IDS_PHYSICSOBJ_VERNIER_DIVISIONS"),
-            {QStringLiteral("IDS_PHYSICSOBJ_VERNIER_10"), QStringLiteral("IDS_PHYSICSOBJ_VERNIER_20"),
-             QStringLiteral("IDS_PHYSICSOBJ_VERNIER_50")});
+    m_panel.append(array, 0, m_attributes.value(kDivisionsAttr).intValue, [this] {
+        QJsonObject item = attributeItem(kDivisionsAttr, QStringLiteral("idVernierDivisions"),
+                                         QStringLiteral("IDS_PHYSICSOBJ_VERNIER_DIVISIONS"),
+                                         {QStringLiteral("IDS_PHYSICSOBJ_VERNIER_10"), QStringLiteral("IDS_PHYSICSOBJ_VERNIER_20"),
+                                          QStringLiteral("IDS_PHYSICSOBJ_VERNIER_50")});
         // The reading's decimals follow the vernier: the panel rebuilds its items.
-        divisionsItem.insert(QStringLiteral("refreshAfterSet"), true);
-        m_readingItem = m_pOwner->GetSettingJsonInput(QStringLiteral("idCaliperValue"), QStringLiteral("IDS_PHYSICSOBJ_READING"),
-                                                      text, QStringLiteral("float"), QStringLiteral("0"),
-                                                      QStringLiteral("150"), QStringLiteral("mm"));
-        m_panelItems = QJsonArray{divisionsItem, m_readingItem};
-        m_panelIndex = index;
-        m_panelReading = text;
-    } else if (text != m_panelReading) {
-        // From the item as first built: a value rewritten in place keeps the old text's bytes.
-        QJsonObject readingItem = m_readingItem;
-        readingItem.insert(QStringLiteral("value"), text);
-        m_panelItems.replace(1, readingItem);
-        m_panelReading = text;
-    }
-    if (array.isEmpty())
-        array = m_panelItems;
-    else
-        for (const QJsonValue &v : m_panelItems)
-            array.append(v);
+        item.insert(QStringLiteral("refreshAfterSet"), true);
+        return item;
+    });
+    m_panel.append(array, 1, readingText(), [this] {
+        return m_pOwner->GetSettingJsonInput(QStringLiteral("idCaliperValue"), QStringLiteral("IDS_PHYSICSOBJ_READING"),
+                                             readingText(), QStringLiteral("float"), QStringLiteral("0"),
+                                             QStringLiteral("150"), QStringLiteral("mm"));
+    });
 }
 
 bool CVernierCalipers::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)

@@ -3,7 +3,7 @@
 // 150 mm, a sliding jaw carrying a vernier of 10, 20 or 50 divisions, and the reading
 // the picture shows.
 #include "bases/Basic.h"
-#include <QJsonArray>
+#include "bases/PanelCache.h"
 
 class PHYSICALOBJECT_SHARED_EXPORT CVernierCalipers : public CBasic
 {
@@ -45,9 +45,6 @@ private:
     long steps(double mm) const;
 
     double m_dOpening = 0;
-    int m_panelIndex = -1;
-    QString m_panelReading;
-    QJsonArray m_panelItems;
-    QJsonObject m_readingItem;
+    PanelCache m_panel;
     bool m_bPosByCode = false;
 };
