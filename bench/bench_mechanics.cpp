@@ -85,3 +85,13 @@ BENCHMARK(BM_BevelDrag);
 
 static void BM_LeverDrag(benchmark::State &state) { dragBackAndForth(state, 108, 0, QPointF(17.3, -31.1)); }
 BENCHMARK(BM_LeverDrag);
+
+static void BM_CalibrationDrag(benchmark::State &state)
+{
+    // On the full-length strip (248 ticks, 25 numbers), one unit to and fro.
+    dragBackAndForth(state, 111, 0, QPointF(0, 1), {{QStringLiteral("idPosValue"), QStringLiteral("100")}});
+}
+BENCHMARK(BM_CalibrationDrag);
+
+static void BM_CalibrationSweep(benchmark::State &state) { sweep(state, 111, HandleAxis::Y, 55.5, 995.5); }
+BENCHMARK(BM_CalibrationSweep)->Unit(benchmark::kMillisecond);

@@ -1,6 +1,7 @@
 #include "physicalobject.h"
-#include "mechanics/Coil.h"
 #include "mechanics/Bevel.h"
+#include "mechanics/Calibration.h"
+#include "mechanics/Coil.h"
 #include "mechanics/FlatBoard.h"
 #include "mechanics/Lever.h"
 #include "mechanics/Ruler.h"
@@ -73,6 +74,7 @@ const Entry kTypes[] = {
     {{108, "CLever", "Lever"}, &make<CLever>},
     {{109, "CRuler", "Ruler"}, &make<CRuler>},
     {{110, "CVernierCalipers", "Vernier calipers"}, &make<CVernierCalipers>},
+    {{111, "Calibration", "Calibration scale"}, &make<Calibration>},
     {{202, "CSpring", "Spring"}, &make<CSpring>},
     {{501, "CCoil", "Coil"}, &make<CCoil>},
 

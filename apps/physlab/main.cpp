@@ -46,6 +46,8 @@ const Scene kScenes[] = {
     {101, "sixty", "sloped at 60 degrees and lengthened", "set idAngle=60 idLength=40"},
     {108, "tilted", "tilted 20 degrees anticlockwise with 8 holes each side", "set idMarkCount=8 idAngle=20"},
     {108, "dragged", "right end dragged down and in: tilted clockwise, 3 holes each side", "drag control_1 -70 40 --final"},
+    {111, "newtons", "lengthened to 300 in newtons", "set idUnit=2;drag control_1 0 90 --final"},
+    {111, "nounit", "shortest strip, numbers without a unit", "set idUnit=0 idPosValue=0"},
     {102, "reshaped", "base lengthened and apex raised", "drag control_1 120 0 --final;drag control_2 0 -70 --final"},
 
     // electricity and magnetism
