@@ -95,3 +95,6 @@ BENCHMARK(BM_CalibrationDrag);
 
 static void BM_CalibrationSweep(benchmark::State &state) { sweep(state, 111, HandleAxis::Y, 55.5, 995.5); }
 BENCHMARK(BM_CalibrationSweep)->Unit(benchmark::kMillisecond);
+
+static void BM_IndentationDrag(benchmark::State &state) { dragBackAndForth(state, 113, 0, QPointF(0, 7.3)); }
+BENCHMARK(BM_IndentationDrag);

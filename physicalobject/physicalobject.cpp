@@ -3,6 +3,7 @@
 #include "mechanics/Calibration.h"
 #include "mechanics/Coil.h"
 #include "mechanics/FlatBoard.h"
+#include "mechanics/Indentation.h"
 #include "mechanics/Lever.h"
 #include "mechanics/Ruler.h"
 #include "mechanics/Spring.h"
@@ -75,6 +76,7 @@ const Entry kTypes[] = {
     {{109, "CRuler", "Ruler"}, &make<CRuler>},
     {{110, "CVernierCalipers", "Vernier calipers"}, &make<CVernierCalipers>},
     {{111, "Calibration", "Calibration scale"}, &make<Calibration>},
+    {{113, "CIndentation", "Indentation"}, &make<CIndentation>},
     {{202, "CSpring", "Spring"}, &make<CSpring>},
     {{501, "CCoil", "Coil"}, &make<CCoil>},
 

@@ -48,6 +48,8 @@ const Scene kScenes[] = {
     {108, "dragged", "right end dragged down and in: tilted clockwise, 3 holes each side", "drag control_1 -70 40 --final"},
     {111, "newtons", "lengthened to 300 in newtons", "set idUnit=2;drag control_1 0 90 --final"},
     {111, "nounit", "shortest strip, numbers without a unit", "set idUnit=0 idPosValue=0"},
+    {113, "deep", "sponge pressed deep and narrow: the pores beneath squeezed", "set idDepth=100 idWidth=25"},
+    {113, "shallow", "sand pressed shallow and wide", "set idMaterial=1 idDepth=15 idWidth=90"},
     {102, "reshaped", "base lengthened and apex raised", "drag control_1 120 0 --final;drag control_2 0 -70 --final"},
 
     // electricity and magnetism
