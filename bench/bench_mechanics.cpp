@@ -98,3 +98,6 @@ BENCHMARK(BM_CalibrationSweep)->Unit(benchmark::kMillisecond);
 
 static void BM_IndentationDrag(benchmark::State &state) { dragBackAndForth(state, 113, 0, QPointF(0, 7.3)); }
 BENCHMARK(BM_IndentationDrag);
+
+static void BM_WoodDrag(benchmark::State &state) { dragBackAndForth(state, 106, 0, QPointF(9.1, 13.3)); }
+BENCHMARK(BM_WoodDrag);

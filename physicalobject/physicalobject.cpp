@@ -10,6 +10,7 @@
 #include "mechanics/Stick.h"
 #include "mechanics/TriangleBevel.h"
 #include "mechanics/VernierCalipers.h"
+#include "mechanics/Wood.h"
 
 // electricity and magnetism
 #include "electromagnetism/Knob.h"
@@ -71,6 +72,7 @@ const Entry kTypes[] = {
     {{100, "CFlatBoard", "Flat board"}, &make<CFlatBoard>},
     {{101, "CBevel", "Sloped board"}, &make<CBevel>},
     {{102, "CTriangleBevel", "Triangular incline"}, &make<CTriangleBevel>},
+    {{106, "CWood", "Wood block"}, &make<CWood>},
     {{107, "CStick", "Stick"}, &make<CStick>},
     {{108, "CLever", "Lever"}, &make<CLever>},
     {{109, "CRuler", "Ruler"}, &make<CRuler>},

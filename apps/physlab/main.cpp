@@ -50,6 +50,8 @@ const Scene kScenes[] = {
     {111, "nounit", "shortest strip, numbers without a unit", "set idUnit=0 idPosValue=0"},
     {113, "deep", "sponge pressed deep and narrow: the pores beneath squeezed", "set idDepth=100 idWidth=25"},
     {113, "shallow", "sand pressed shallow and wide", "set idMaterial=1 idDepth=15 idWidth=90"},
+    {106, "tall", "a tall narrow block in dark oak, hook shown", "set idBodyColor=#8B5A2B;drag control_1 -50 110 --final"},
+    {106, "nohook", "a long flat block without its hook", "set idShowHook=false idWidth=60 idHeight=5"},
     {102, "reshaped", "base lengthened and apex raised", "drag control_1 120 0 --final;drag control_2 0 -70 --final"},
 
     // electricity and magnetism
