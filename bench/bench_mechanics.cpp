@@ -101,3 +101,6 @@ BENCHMARK(BM_IndentationDrag);
 
 static void BM_WoodDrag(benchmark::State &state) { dragBackAndForth(state, 106, 0, QPointF(9.1, 13.3)); }
 BENCHMARK(BM_WoodDrag);
+
+static void BM_SmallBallDrag(benchmark::State &state) { dragBackAndForth(state, 104, 0, QPointF(7.7, 0)); }
+BENCHMARK(BM_SmallBallDrag);

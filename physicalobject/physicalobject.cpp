@@ -6,6 +6,7 @@
 #include "mechanics/Indentation.h"
 #include "mechanics/Lever.h"
 #include "mechanics/Ruler.h"
+#include "mechanics/SmallBall.h"
 #include "mechanics/Spring.h"
 #include "mechanics/Stick.h"
 #include "mechanics/TriangleBevel.h"
@@ -72,6 +73,7 @@ const Entry kTypes[] = {
     {{100, "CFlatBoard", "Flat board"}, &make<CFlatBoard>},
     {{101, "CBevel", "Sloped board"}, &make<CBevel>},
     {{102, "CTriangleBevel", "Triangular incline"}, &make<CTriangleBevel>},
+    {{104, "CSmallBall", "Small ball"}, &make<CSmallBall>},
     {{106, "CWood", "Wood block"}, &make<CWood>},
     {{107, "CStick", "Stick"}, &make<CStick>},
     {{108, "CLever", "Lever"}, &make<CLever>},

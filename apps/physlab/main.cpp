@@ -52,6 +52,8 @@ const Scene kScenes[] = {
     {113, "shallow", "sand pressed shallow and wide", "set idMaterial=1 idDepth=15 idWidth=90"},
     {106, "tall", "a tall narrow block in dark oak, hook shown", "set idBodyColor=#8B5A2B;drag control_1 -50 110 --final"},
     {106, "nohook", "a long flat block without its hook", "set idShowHook=false idWidth=60 idHeight=5"},
+    {104, "steel", "a large steel-grey ball with its centre marked", "set idBallColor=#8A949E idShowCenter=true;drag control_1 40 0 --final"},
+    {104, "smallest", "the smallest ball, in blue", "set idBallColor=#1E63D6 idPosValue=0"},
     {102, "reshaped", "base lengthened and apex raised", "drag control_1 120 0 --final;drag control_2 0 -70 --final"},
 
     // electricity and magnetism
