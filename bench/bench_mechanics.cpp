@@ -104,3 +104,6 @@ BENCHMARK(BM_WoodDrag);
 
 static void BM_SmallBallDrag(benchmark::State &state) { dragBackAndForth(state, 104, 0, QPointF(7.7, 0)); }
 BENCHMARK(BM_SmallBallDrag);
+
+static void BM_SmallCarDrag(benchmark::State &state) { dragBackAndForth(state, 105, 0, QPointF(11.3, 0)); }
+BENCHMARK(BM_SmallCarDrag);

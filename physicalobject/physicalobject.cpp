@@ -7,6 +7,7 @@
 #include "mechanics/Lever.h"
 #include "mechanics/Ruler.h"
 #include "mechanics/SmallBall.h"
+#include "mechanics/SmallCar.h"
 #include "mechanics/Spring.h"
 #include "mechanics/Stick.h"
 #include "mechanics/TriangleBevel.h"
@@ -74,6 +75,7 @@ const Entry kTypes[] = {
     {{101, "CBevel", "Sloped board"}, &make<CBevel>},
     {{102, "CTriangleBevel", "Triangular incline"}, &make<CTriangleBevel>},
     {{104, "CSmallBall", "Small ball"}, &make<CSmallBall>},
+    {{105, "CSmallCar", "Small car"}, &make<CSmallCar>},
     {{106, "CWood", "Wood block"}, &make<CWood>},
     {{107, "CStick", "Stick"}, &make<CStick>},
     {{108, "CLever", "Lever"}, &make<CLever>},

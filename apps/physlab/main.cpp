@@ -54,6 +54,8 @@ const Scene kScenes[] = {
     {106, "nohook", "a long flat block without its hook", "set idShowHook=false idWidth=60 idHeight=5"},
     {104, "steel", "a large steel-grey ball with its centre marked", "set idBallColor=#8A949E idShowCenter=true;drag control_1 40 0 --final"},
     {104, "smallest", "the smallest ball, in blue", "set idBallColor=#1E63D6 idPosValue=0"},
+    {105, "long", "a long red cart, wheels at a fifth from each end", "set idBodyColor=#C62828;drag control_1 180 0 --final"},
+    {105, "nohook", "the shortest cart without its hook", "set idShowHook=false idLength=0"},
     {102, "reshaped", "base lengthened and apex raised", "drag control_1 120 0 --final;drag control_2 0 -70 --final"},
 
     // electricity and magnetism
