@@ -107,3 +107,6 @@ BENCHMARK(BM_SmallBallDrag);
 
 static void BM_SmallCarDrag(benchmark::State &state) { dragBackAndForth(state, 105, 0, QPointF(11.3, 0)); }
 BENCHMARK(BM_SmallCarDrag);
+
+static void BM_SkateboardDrag(benchmark::State &state) { dragBackAndForth(state, 114, 0, QPointF(12.9, 0)); }
+BENCHMARK(BM_SkateboardDrag);

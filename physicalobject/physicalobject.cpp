@@ -6,6 +6,7 @@
 #include "mechanics/Indentation.h"
 #include "mechanics/Lever.h"
 #include "mechanics/Ruler.h"
+#include "mechanics/Skateboard.h"
 #include "mechanics/SmallBall.h"
 #include "mechanics/SmallCar.h"
 #include "mechanics/Spring.h"
@@ -83,6 +84,7 @@ const Entry kTypes[] = {
     {{110, "CVernierCalipers", "Vernier calipers"}, &make<CVernierCalipers>},
     {{111, "Calibration", "Calibration scale"}, &make<Calibration>},
     {{113, "CIndentation", "Indentation"}, &make<CIndentation>},
+    {{114, "CSkateboard", "Skateboard"}, &make<CSkateboard>},
     {{202, "CSpring", "Spring"}, &make<CSpring>},
     {{501, "CCoil", "Coil"}, &make<CCoil>},
 

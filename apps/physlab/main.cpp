@@ -56,6 +56,8 @@ const Scene kScenes[] = {
     {104, "smallest", "the smallest ball, in blue", "set idBallColor=#1E63D6 idPosValue=0"},
     {105, "long", "a long red cart, wheels at a fifth from each end", "set idBodyColor=#C62828;drag control_1 180 0 --final"},
     {105, "nohook", "the shortest cart without its hook", "set idShowHook=false idLength=0"},
+    {114, "long", "a long orange deck", "set idDeckColor=#EF6C00 idLength=60"},
+    {114, "short", "the shortest deck", "drag control_1 -150 0 --final"},
     {102, "reshaped", "base lengthened and apex raised", "drag control_1 120 0 --final;drag control_2 0 -70 --final"},
 
     // electricity and magnetism
