@@ -110,3 +110,6 @@ BENCHMARK(BM_SmallCarDrag);
 
 static void BM_SkateboardDrag(benchmark::State &state) { dragBackAndForth(state, 114, 0, QPointF(12.9, 0)); }
 BENCHMARK(BM_SkateboardDrag);
+
+static void BM_CircularGrooveDrag(benchmark::State &state) { dragBackAndForth(state, 112, 0, QPointF(9.7, 0)); }
+BENCHMARK(BM_CircularGrooveDrag);

@@ -1,6 +1,7 @@
 #include "physicalobject.h"
 #include "mechanics/Bevel.h"
 #include "mechanics/Calibration.h"
+#include "mechanics/CircularGroove.h"
 #include "mechanics/Coil.h"
 #include "mechanics/FlatBoard.h"
 #include "mechanics/Indentation.h"
@@ -83,6 +84,7 @@ const Entry kTypes[] = {
     {{109, "CRuler", "Ruler"}, &make<CRuler>},
     {{110, "CVernierCalipers", "Vernier calipers"}, &make<CVernierCalipers>},
     {{111, "Calibration", "Calibration scale"}, &make<Calibration>},
+    {{112, "CircularGroove", "Circular groove"}, &make<CircularGroove>},
     {{113, "CIndentation", "Indentation"}, &make<CIndentation>},
     {{114, "CSkateboard", "Skateboard"}, &make<CSkateboard>},
     {{202, "CSpring", "Spring"}, &make<CSpring>},

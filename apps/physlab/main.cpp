@@ -58,6 +58,8 @@ const Scene kScenes[] = {
     {105, "nohook", "the shortest cart without its hook", "set idShowHook=false idLength=0"},
     {114, "long", "a long orange deck", "set idDeckColor=#EF6C00 idLength=60"},
     {114, "short", "the shortest deck", "drag control_1 -150 0 --final"},
+    {112, "quarterleft", "quarter track from the left rim down to the bottom, radius 150", "set idGrooveShape=1 idRadius=46"},
+    {112, "quarterright", "quarter track up to the right rim in a grey block, handle dragged in", "set idGrooveShape=2 idBlockColor=#9EA7B0;drag control_1 -30 0 --final"},
     {102, "reshaped", "base lengthened and apex raised", "drag control_1 120 0 --final;drag control_2 0 -70 --final"},
 
     // electricity and magnetism
