@@ -113,3 +113,6 @@ BENCHMARK(BM_SkateboardDrag);
 
 static void BM_CircularGrooveDrag(benchmark::State &state) { dragBackAndForth(state, 112, 0, QPointF(9.7, 0)); }
 BENCHMARK(BM_CircularGrooveDrag);
+
+static void BM_ConveyerbeltDrag(benchmark::State &state) { dragBackAndForth(state, 103, 0, QPointF(101.3, 0)); }
+BENCHMARK(BM_ConveyerbeltDrag);

@@ -3,6 +3,7 @@
 #include "mechanics/Calibration.h"
 #include "mechanics/CircularGroove.h"
 #include "mechanics/Coil.h"
+#include "mechanics/Conveyerbelt.h"
 #include "mechanics/FlatBoard.h"
 #include "mechanics/Indentation.h"
 #include "mechanics/Lever.h"
@@ -76,6 +77,7 @@ const Entry kTypes[] = {
     {{100, "CFlatBoard", "Flat board"}, &make<CFlatBoard>},
     {{101, "CBevel", "Sloped board"}, &make<CBevel>},
     {{102, "CTriangleBevel", "Triangular incline"}, &make<CTriangleBevel>},
+    {{103, "Conveyerbelt", "Conveyor belt"}, &make<Conveyerbelt>},
     {{104, "CSmallBall", "Small ball"}, &make<CSmallBall>},
     {{105, "CSmallCar", "Small car"}, &make<CSmallCar>},
     {{106, "CWood", "Wood block"}, &make<CWood>},

@@ -60,6 +60,8 @@ const Scene kScenes[] = {
     {114, "short", "the shortest deck", "drag control_1 -150 0 --final"},
     {112, "quarterleft", "quarter track from the left rim down to the bottom, radius 150", "set idGrooveShape=1 idRadius=46"},
     {112, "quarterright", "quarter track up to the right rim in a grey block, handle dragged in", "set idGrooveShape=2 idBlockColor=#9EA7B0;drag control_1 -30 0 --final"},
+    {103, "leftward", "a longer belt running left on larger rollers", "set idBeltDirection=2 idRadius=100;drag control_1 260 0 --final"},
+    {103, "still", "a short belt at rest on small rollers, in brown", "set idBeltDirection=0 idBeltColor=#6D4C41 idLength=0 idRadius=0"},
     {102, "reshaped", "base lengthened and apex raised", "drag control_1 120 0 --final;drag control_2 0 -70 --final"},
 
     // electricity and magnetism
