@@ -192,14 +192,20 @@ void CBevel::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idAngle"), QStringLiteral("IDS_PHYSICSOBJ_ANGLE"),
-                                               QString::number(shownAngle()), QStringLiteral("int"), QStringLiteral("0"),
-                                               QStringLiteral("80"), QStringLiteral("°")));
+    m_panel.append(array, 0, QString::number(shownAngle()), [this] {
+        return m_pOwner->GetSettingJsonInput(QStringLiteral("idAngle"), QStringLiteral("IDS_PHYSICSOBJ_ANGLE"),
+                                             QString::number(shownAngle()), QStringLiteral("int"), QStringLiteral("0"),
+                                             QStringLiteral("80"), QStringLiteral("°"));
+    });
     // A percentage of the length's range (not of the handle's travel, which turns).
-    array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idLength"), QStringLiteral("IDS_PHYSICSOBJ_LENGTH"),
-                                               QString::number(HandlePos::percentOf(m_dLength, kMinLength, kMaxLength)),
-                                               QStringLiteral("int"), QStringLiteral("0"), QStringLiteral("100"), QString()));
-    array.append(attributeItem(kShowAngleAttr, QStringLiteral("idShowAngle"), QStringLiteral("IDS_PHYSICSOBJ_SHOW_ANGLE")));
+    const QString length = QString::number(HandlePos::percentOf(m_dLength, kMinLength, kMaxLength));
+    m_panel.append(array, 1, length, [this, length] {
+        return m_pOwner->GetSettingJsonInput(QStringLiteral("idLength"), QStringLiteral("IDS_PHYSICSOBJ_LENGTH"), length,
+                                             QStringLiteral("int"), QStringLiteral("0"), QStringLiteral("100"), QString());
+    });
+    m_panel.append(array, 2, showsAngle(), [this] {
+        return attributeItem(kShowAngleAttr, QStringLiteral("idShowAngle"), QStringLiteral("IDS_PHYSICSOBJ_SHOW_ANGLE"));
+    });
 }
 
 bool CBevel::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)

@@ -3,6 +3,7 @@
 // the inclined plane. The upper end's handle sets the slope and the length; the angle
 // is marked at the hinge.
 #include "bases/Basic.h"
+#include "bases/PanelCache.h"
 
 class PHYSICALOBJECT_SHARED_EXPORT CBevel : public CBasic
 {
@@ -38,4 +39,5 @@ private:
     double m_dAngle = 30;
     double m_dLength = 300;
     bool m_bPosByCode = false;
+    PanelCache m_panel;
 };

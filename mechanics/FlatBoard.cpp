@@ -191,9 +191,15 @@ void CFlatBoard::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    array.append(attributeItem(kSurfaceAttr, QStringLiteral("idSurface"), QStringLiteral("IDS_PHYSICSOBJ_SURFACE")));
-    for (const HandlePos::Slot &s : kSlots)
-        HandlePos::appendInput(*this, array, s);
+    m_panel.append(array, 0, surface(), [this] {
+        return attributeItem(kSurfaceAttr, QStringLiteral("idSurface"), QStringLiteral("IDS_PHYSICSOBJ_SURFACE"));
+    });
+    for (int i = 0; i < 2; ++i)
+        m_panel.append(array, i + 1, QString::number(HandlePos::percent(*this, kSlots[i])), [this, i] {
+            QJsonArray item;
+            HandlePos::appendInput(*this, item, kSlots[i]);
+            return item.first().toObject();
+        });
 }
 
 bool CFlatBoard::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)

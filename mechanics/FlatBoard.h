@@ -4,6 +4,7 @@
 // wood or cloth.
 #include "bases/Basic.h"
 #include "bases/HandlePos.h"
+#include "bases/PanelCache.h"
 
 class PHYSICALOBJECT_SHARED_EXPORT CFlatBoard : public CBasic
 {
@@ -40,4 +41,5 @@ private:
     double m_dLength = 300;
     double m_dThickness = 20;
     bool m_bPosByCode = false;
+    PanelCache m_panel;
 };

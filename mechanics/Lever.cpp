@@ -154,13 +154,18 @@ void CLever::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    array.append(attributeItem(kColourAttr, QStringLiteral("idBarColor")));
-    array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idAngle"), QStringLiteral("IDS_PHYSICSOBJ_ANGLE"),
-                                               QString::number(shownTilt()), QStringLiteral("int"), QStringLiteral("-45"),
-                                               QStringLiteral("45"), QStringLiteral("°")));
-    array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idMarkCount"), QStringLiteral("IDS_PHYSICSOBJ_MARK_COUNT"),
-                                               QString::number(m_nMarks), QStringLiteral("int"), QStringLiteral("2"),
-                                               QStringLiteral("10"), QString()));
+    m_panel.append(array, 0, m_attributes.value(kColourAttr).color.name(),
+                   [this] { return attributeItem(kColourAttr, QStringLiteral("idBarColor")); });
+    m_panel.append(array, 1, QString::number(shownTilt()), [this] {
+        return m_pOwner->GetSettingJsonInput(QStringLiteral("idAngle"), QStringLiteral("IDS_PHYSICSOBJ_ANGLE"),
+                                             QString::number(shownTilt()), QStringLiteral("int"), QStringLiteral("-45"),
+                                             QStringLiteral("45"), QStringLiteral("°"));
+    });
+    m_panel.append(array, 2, QString::number(m_nMarks), [this] {
+        return m_pOwner->GetSettingJsonInput(QStringLiteral("idMarkCount"), QStringLiteral("IDS_PHYSICSOBJ_MARK_COUNT"),
+                                             QString::number(m_nMarks), QStringLiteral("int"), QStringLiteral("2"),
+                                             QStringLiteral("10"), QString());
+    });
 }
 
 bool CLever::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)

@@ -3,6 +3,7 @@
 // fulcrum: the law of the lever. The right end's handle tilts the bar and sets how many
 // holes it has on each side.
 #include "bases/Basic.h"
+#include "bases/PanelCache.h"
 
 class PHYSICALOBJECT_SHARED_EXPORT CLever : public CBasic
 {
@@ -37,4 +38,5 @@ private:
     double m_dTilt = 0;
     int m_nMarks = 5;
     bool m_bPosByCode = false;
+    PanelCache m_panel;
 };
