@@ -5,7 +5,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <framework.h>
+#include <cmath>
 #include <svgbaseundocmd.h>
+#include <svgobj.h>
 
 CAttribute::CAttribute(CSVGObj *owner) : CSVGBase(owner) {}
 
@@ -237,6 +239,80 @@ void CAttribute::addCombo(int attr, int propId, const QString &name, int intValu
 {
     addAttribute(attr, propId, 1, name, intValue);
     m_comboOptions.insert(attr, options);
+}
+
+QString CAttribute::panelKey(const QString &attributeKey)
+{
+    static const QString from = QStringLiteral("IDS_SVG_PHYSICAL_"), to = QStringLiteral("IDS_PHYSICSOBJ_");
+    return attributeKey.startsWith(from) ? to + attributeKey.mid(from.size()) : attributeKey;
+}
+
+QJsonObject CAttribute::attributeItem(int attr, const QString &key, const QString &label, const QStringList &options)
+{
+    const auto it = m_attributes.constFind(attr);
+    if (it == m_attributes.cend() || !m_pOwner)
+        return QJsonObject();
+    const QString text = label.isEmpty() ? panelKey(it->name) : label;
+    switch (it->dataType) {
+    case 3: return m_pOwner->GetSettingJsonColorPicker(key, text, it->color.name());
+    case 0: return m_pOwner->GetSettingJsonSwitch(key, text, it->boolValue);
+    case 1: {
+        QStringList shown = options;
+        if (shown.isEmpty()) {
+            QByteArray data = GetComboboxData();
+            QDataStream in(data);
+            int count = 0, zero = 0;
+            in >> count >> zero;
+            for (int i = 0; i < count && in.status() == QDataStream::Ok; ++i) {
+                QString option;
+                in >> option;
+                shown << panelKey(option);
+            }
+        }
+        return m_pOwner->GetSettingJsonComboBox(key, text, it->intValue, QStringList(), shown);
+    }
+    default: return QJsonObject();
+    }
+}
+
+void CAttribute::applyAttributeItems(const QMap<QString, QString> &values, const QVector<QPair<QString, int>> &items,
+                                     bool bRecord, bool bUndo)
+{
+    for (const auto &item : items) {
+        const auto v = values.constFind(item.first);
+        const auto a = m_attributes.constFind(item.second);
+        if (v == values.cend() || a == m_attributes.cend())
+            continue;
+        if (a->dataType == 3) {
+            QColor c;
+            c.setNamedColor(v->trimmed());
+            if (c.isValid())
+                AttrValue::apply(*this, item.second, c, bRecord, bUndo);
+        } else if (a->dataType == 0) {
+            AttrValue::apply(*this, item.second, *v == QLatin1String("true"), bRecord, bUndo);
+        } else if (a->dataType == 1) {
+            bool ok = false;
+            const double index = v->trimmed().toDouble(&ok);
+            if (ok && std::isfinite(index) && std::fabs(index) < 1e9)
+                AttrValue::apply(*this, item.second, int(std::lround(index)), bRecord, bUndo);
+        }
+    }
+}
+
+void CAttribute::addColour(int attr, int propId, const QString &name, const QColor &colour)
+{
+    addAttribute(attr, propId, 3, name);
+    m_attributes[attr].color = colour;
+}
+
+QByteArray CAttribute::comboData(const QStringList &options)
+{
+    QByteArray data;
+    QDataStream out(&data, QIODevice::WriteOnly);
+    out << int(options.size()) << int(0);
+    for (const QString &o : options)
+        out << o;
+    return data;
 }
 
 void CAttribute::keepEverything(int id, bool &guard)

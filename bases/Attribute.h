@@ -6,6 +6,7 @@
 #include <QColor>
 #include <QMap>
 #include <QStringList>
+#include <QJsonObject>
 #include <QVector>
 #include <functional>
 #include <svgbase.h>
@@ -41,6 +42,9 @@ public:
     /* 68 */ virtual QByteArray GetComboboxData();
 
     const QMap<int, DATA_MAP_STRUCT> &attributes() const { return m_attributes; }
+    // A label key of the attribute table as the panel names it: "IDS_SVG_PHYSICAL_HOOK"
+    // reads "IDS_PHYSICSOBJ_HOOK".
+    static QString panelKey(const QString &attributeKey);
     // Whether index is one of the choices GetComboboxData offers (any, without data).
     bool comboIndexValid(int index);
     // The same for one attribute: against its own number of choices where it has one (an
@@ -57,6 +61,20 @@ protected:
     // A combo box with options of its own, for an apparatus with more than one: its
     // data and the choices it accepts come from these keys (or numbers shown as written).
     void addCombo(int attr, int propId, const QString &name, int intValue, const QStringList &options);
+    // The panel item of one attribute: a colour picker, a switch or a combo box, keyed
+    // `key`. Its label and a combo's options are the attribute's own keys as the panel
+    // names them, unless given.
+    QJsonObject attributeItem(int attr, const QString &key, const QString &label = QString(),
+                              const QStringList &options = QStringList());
+    // Panel values of attribute items (key, attribute): each present key is read as its
+    // item sends it (a colour, "true" or not, a choice's index) and handed to
+    // SetAttribute. A colour that is none, or a choice that is no number, changes nothing.
+    void applyAttributeItems(const QMap<QString, QString> &values, const QVector<QPair<QString, int>> &items,
+                             bool bRecord, bool bUndo);
+    // Adds a colour entry (data type 3) with its default.
+    void addColour(int attr, int propId, const QString &name, const QColor &colour);
+    // The combo data of GetComboboxData: the count, 0, then each option's label key.
+    static QByteArray comboData(const QStringList &options);
     // Attribute ids 2804 and 2805 for one entry of the table: capture copies its value
     // into saved, restore replays saved through SetAttribute.
     void keepAttribute(int id, int attr, int &saved);

@@ -34,9 +34,12 @@ void set(CSVGBase &obj, int index, Axis axis, double pos, bool &guard)
 
 int percentOf(double pos, double lo, double hi)
 {
-    const double p = (pos - lo) * 100 / (hi - lo);
+    double p = (pos - lo) * 100 / (hi - lo);
     if (!std::isfinite(p))
         return 0;
+    const double whole = std::round(p);
+    if (std::fabs(p - whole) < 1e-9)
+        p = whole;
     return int(std::max(-1e9, std::min(1e9, p)));
 }
 
@@ -53,10 +56,11 @@ void appendInput(CSVGBase &obj, QJsonArray &array, const QString &label, int p)
                                                 QStringLiteral("0"), QStringLiteral("100"), QString()));
 }
 
-bool target(CSVGBase &obj, const QMap<QString, QString> &values, int index, Axis axis, bool mirrored, double &pos,
-            Reading reading)
+namespace {
+bool targetOf(CSVGBase &obj, const QMap<QString, QString> &values, const QString &key, int index, Axis axis, bool mirrored,
+              double &pos, Reading reading)
 {
-    const auto it = values.constFind(QStringLiteral("idPosValue"));
+    const auto it = values.constFind(key);
     QSvgNode *h = obj.controlNodes().value(index);
     if (it == values.cend() || !h)
         return false;
@@ -77,6 +81,51 @@ bool target(CSVGBase &obj, const QMap<QString, QString> &values, int index, Axis
     const double lo = lowBound(obj, h, axis), hi = highBound(obj, h, axis);
     pos = (hi - lo) * v / 100 + lo;
     return std::isfinite(pos);
+}
+} // namespace
+
+bool target(CSVGBase &obj, const QMap<QString, QString> &values, int index, Axis axis, bool mirrored, double &pos,
+            Reading reading)
+{
+    return targetOf(obj, values, QStringLiteral("idPosValue"), index, axis, mirrored, pos, reading);
+}
+
+int percent(CSVGBase &obj, const Slot &slot, double pos)
+{
+    QSvgNode *h = obj.controlNodes().value(slot.handle);
+    if (!h)
+        return 0;
+    const double lo = lowBound(obj, h, slot.axis), hi = highBound(obj, h, slot.axis);
+    return slot.mirrored ? percentOf(-pos, -hi, -lo) : percentOf(pos, lo, hi);
+}
+
+int percent(CSVGBase &obj, const Slot &slot) { return percent(obj, slot, get(obj, slot.handle, slot.axis)); }
+
+void appendInput(CSVGBase &obj, QJsonArray &array, const Slot &slot)
+{
+    if (CSVGObj *owner = obj.owner())
+        array.append(owner->GetSettingJsonInput(QLatin1String(slot.key), QLatin1String(slot.label),
+                                                QString::number(percent(obj, slot)), QStringLiteral("int"),
+                                                QStringLiteral("0"), QStringLiteral("100"), QString()));
+}
+
+bool target(CSVGBase &obj, const QMap<QString, QString> &values, const Slot &slot, double &pos)
+{
+    return targetOf(obj, values, QLatin1String(slot.key), slot.handle, slot.axis, slot.mirrored, pos, Decimal);
+}
+
+void post(CSVGBase &obj, const Slot &slot)
+{
+    CSVGBase::postSetting(QLatin1String(slot.key), QString::number(percent(obj, slot)));
+}
+
+void setWithin(CSVGBase &obj, const Slot &slot, double pos, bool &guard)
+{
+    QSvgNode *h = obj.controlNodes().value(slot.handle);
+    if (!h || !std::isfinite(pos))
+        return;
+    const double lo = lowBound(obj, h, slot.axis), hi = highBound(obj, h, slot.axis);
+    set(obj, slot.handle, slot.axis, std::max(lo, std::min(hi, pos)), guard);
 }
 
 Polar polar(const CSVGBase &obj, int index, QPointF pivot)
@@ -104,6 +153,81 @@ void placeAt(CSVGBase &obj, int index, QPointF pivot, const Polar &where)
     const QRectF box = h->rect();
     h->setNumAttribute(QStringLiteral("x"), pivot.x() + std::cos(r) * where.distance - box.width() / 2);
     h->setNumAttribute(QStringLiteral("y"), pivot.y() - std::sin(r) * where.distance - box.height() / 2);
+}
+
+Polar heldPolar(const CSVGBase &obj, int index, QPointF pivot, double minAngle, double maxAngle, double minDistance,
+                double maxDistance)
+{
+    Polar p = polar(obj, index, pivot);
+    if (!std::isfinite(p.angle) || !std::isfinite(p.distance) || p.distance == 0)
+        p.angle = std::max(minAngle, std::min(maxAngle, 0.0));
+    p.angle = std::max(minAngle, std::min(maxAngle, p.angle));
+    p.distance = std::isfinite(p.distance) ? std::max(minDistance, std::min(maxDistance, p.distance)) : minDistance;
+    return p;
+}
+
+QPointF topLeftAt(const CSVGBase &obj, int index, QPointF pivot, const Polar &where)
+{
+    QSvgNode *h = obj.controlNodes().value(index);
+    if (!h)
+        return QPointF();
+    const double r = where.angle * 3.141592653589793 / 180;
+    const QRectF box = h->rect();
+    return QPointF(pivot.x() + std::cos(r) * where.distance - box.width() / 2,
+                   pivot.y() - std::sin(r) * where.distance - box.height() / 2);
+}
+
+Polar putBack(CSVGBase &obj, int index, QPointF pivot, const Polar &where)
+{
+    QSvgNode *h = obj.controlNodes().value(index);
+    if (!h || !std::isfinite(where.angle) || !std::isfinite(where.distance))
+        return polar(obj, index, pivot);
+    const QPointF to = topLeftAt(obj, index, pivot, where), at = h->rect().topLeft();
+    if (std::fabs(to.x() - at.x()) > 1e-9 || std::fabs(to.y() - at.y()) > 1e-9) {
+        h->setNumAttribute(QStringLiteral("x"), to.x());
+        h->setNumAttribute(QStringLiteral("y"), to.y());
+    }
+    // Within rounding of a whole degree or unit it is that one: a typed 45° draws 45.
+    Polar p = polar(obj, index, pivot);
+    for (double *v : {&p.angle, &p.distance})
+        if (std::fabs(*v - std::round(*v)) < 1e-9)
+            *v = std::round(*v);
+    return p;
+}
+
+bool typedNumber(const QMap<QString, QString> &values, const QString &key, double lo, double hi, bool whole, double &v)
+{
+    const auto it = values.constFind(key);
+    if (it == values.cend())
+        return false;
+    bool ok = false;
+    double typed = it.value().trimmed().toDouble(&ok);
+    if (!ok || !std::isfinite(typed))
+        return false;
+    if (whole)
+        typed = std::round(typed);
+    v = std::max(lo, std::min(hi, typed));
+    return true;
+}
+
+QPointF centre(const CSVGBase &obj, int index)
+{
+    QSvgNode *h = obj.controlNodes().value(index);
+    return h ? h->rect().center() : QPointF();
+}
+
+void placeCentre(CSVGBase &obj, int index, QPointF p)
+{
+    QSvgNode *h = obj.controlNodes().value(index);
+    if (!h || !std::isfinite(p.x()) || !std::isfinite(p.y()))
+        return;
+    const QRectF box = h->rect();
+    const double x = p.x() - box.width() / 2, y = p.y() - box.height() / 2;
+    // Written only when it moves: a drag places handles on every step.
+    if (x != box.x())
+        h->setNumAttribute(QStringLiteral("x"), x);
+    if (y != box.y())
+        h->setNumAttribute(QStringLiteral("y"), y);
 }
 
 void moveTo(CSVGBase &obj, int index, QPointF pos, bool &guard)

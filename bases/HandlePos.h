@@ -20,7 +20,8 @@ double get(const CSVGBase &obj, int index, Axis axis);
 // A missing handle, or a pos that is no number or lies past the extent every drawing
 // keeps within, changes nothing.
 void set(CSVGBase &obj, int index, Axis axis, double pos, bool &guard);
-// (pos - lo) * 100 / (hi - lo), truncated; 0 for an empty range.
+// (pos - lo) * 100 / (hi - lo), truncated; 0 for an empty range. A value within
+// rounding error of a whole number counts as that number: a typed 29 reads back 29.
 int percentOf(double pos, double lo, double hi);
 // pos as a percentage of the handle's travel between its bounds along axis.
 int percent(CSVGBase &obj, int index, Axis axis, double pos);
@@ -38,6 +39,30 @@ enum Reading {
 bool target(CSVGBase &obj, const QMap<QString, QString> &values, int index, Axis axis, bool mirrored, double &pos,
             Reading reading = Integer);
 
+// One panel percentage driven by one handle along one axis (a length, a thickness, a
+// radius), for apparatus that show several: slot i of posChangedByControl(int),
+// getControlPos(int) and setControlPos(int, double). The quantity's range is the handle's
+// travel; it grows with the handle's coordinate, or against it when `mirrored` (a top
+// edge dragged up thickens a board).
+struct Slot {
+    int handle;
+    Axis axis;
+    const char *key;    // "idLength"
+    const char *label;  // "IDS_PHYSICSOBJ_LENGTH"
+    bool mirrored;
+};
+// The quantity as a percentage of its range at handle place pos, truncated.
+int percent(CSVGBase &obj, const Slot &slot, double pos);
+int percent(CSVGBase &obj, const Slot &slot);
+// Appends the panel's input for the slot (int, 0 to 100).
+void appendInput(CSVGBase &obj, QJsonArray &array, const Slot &slot);
+// The handle place the panel value of slot.key asks for, read as a Decimal.
+bool target(CSVGBase &obj, const QMap<QString, QString> &values, const Slot &slot, double &pos);
+// Posts the slot's percentage to the panel.
+void post(CSVGBase &obj, const Slot &slot);
+// Moves the slot's handle to pos, held to its travel (see set).
+void setWithin(CSVGBase &obj, const Slot &slot, double pos, bool &guard);
+
 // A handle that turns about a pivot (a bar's end, an arrow's tip, a needle's point).
 // Angles are degrees anticlockwise from the positive x axis with y up on screen, in
 // (-180, 180], as a mathematics lesson counts them.
@@ -49,6 +74,28 @@ struct Polar {
 Polar polar(const CSVGBase &obj, int index, QPointF pivot);
 // Puts the handle's centre at that angle and distance from the pivot (no updateSVG).
 void placeAt(CSVGBase &obj, int index, QPointF pivot, const Polar &where);
+// The end of a bar turning about pivot, as the handle stands: its direction held to
+// [minAngle, maxAngle] and its distance to [minDistance, maxDistance]. A handle on the
+// pivot points at minAngle or 0, whichever lies in the range.
+Polar heldPolar(const CSVGBase &obj, int index, QPointF pivot, double minAngle, double maxAngle, double minDistance,
+                double maxDistance);
+// The handle's top-left that puts its centre at `where` from pivot: for moveTo.
+QPointF topLeftAt(const CSVGBase &obj, int index, QPointF pivot, const Polar &where);
+
+// Puts the handle back on the bar's end at `where`, unless it stands there already to
+// within rounding, and returns where it now stands seen from pivot. Drawing from that,
+// not from `where`, draws a reopened object, whose handle is read back, the same. An
+// angle or distance within rounding of a whole number reads as that number.
+Polar putBack(CSVGBase &obj, int index, QPointF pivot, const Polar &where);
+
+// A number typed into the panel under key: read as a decimal, rounded when `whole`, held
+// to lo..hi. False when the key is missing or the text is no finite number.
+bool typedNumber(const QMap<QString, QString> &values, const QString &key, double lo, double hi, bool whole, double &v);
+
+// The handle's centre, the point it marks; (0, 0) when there is no such handle.
+QPointF centre(const CSVGBase &obj, int index);
+// Puts the handle's centre on p (no updateSVG): for handles the code places.
+void placeCentre(CSVGBase &obj, int index, QPointF p);
 // Moves the handle's top-left to pos on both axes and hands the move to updateSVG as
 // a final drag, with `guard` set meanwhile; nothing for a place past the extent.
 void moveTo(CSVGBase &obj, int index, QPointF pos, bool &guard);

@@ -158,7 +158,7 @@ private:
 
     QBrush gradient(const QSvgNode *g, double opacity, const QRectF &bbox)
     {
-        // Stops may come from a referenced gradient.
+        // Stops may come from a referenced gradient, of either kind.
         const QSvgNode *stopsFrom = g;
         for (int hops = 0; stopsFrom->children().empty() && hops < 8; ++hops) {
             QString href = stopsFrom->attribute(QStringLiteral("xlink:href"));

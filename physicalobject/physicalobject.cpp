@@ -1,4 +1,7 @@
 #include "physicalobject.h"
+#include "mechanics/Bevel.h"
+#include "mechanics/Calibration.h"
+#include "mechanics/CircularGroove.h"
 #include "mechanics/Coil.h"
 #include "mechanics/Cylinder.h"
 #include "mechanics/Distance.h"
@@ -9,11 +12,20 @@
 #include "mechanics/Pulley.h"
 #include "mechanics/PulleyGroup.h"
 #include "mechanics/PulleyGroup2.h"
+#include "mechanics/Conveyerbelt.h"
+#include "mechanics/FlatBoard.h"
+#include "mechanics/Indentation.h"
+#include "mechanics/Lever.h"
 #include "mechanics/Ruler.h"
+#include "mechanics/Skateboard.h"
+#include "mechanics/SmallBall.h"
+#include "mechanics/SmallCar.h"
 #include "mechanics/Spring.h"
 #include "mechanics/Springbalance.h"
 #include "mechanics/Stick.h"
 #include "mechanics/TriangleBevel.h"
+#include "mechanics/VernierCalipers.h"
+#include "mechanics/Wood.h"
 
 // electricity and magnetism
 #include "electromagnetism/BarMagnet.h"
@@ -84,9 +96,21 @@ struct Entry {
 // Every id that creates content. Ids of the table that have no class yet, and ids
 // outside it, leave the container empty.
 const Entry kTypes[] = {
+    {{100, "CFlatBoard", "Flat board"}, &make<CFlatBoard>},
+    {{101, "CBevel", "Sloped board"}, &make<CBevel>},
     {{102, "CTriangleBevel", "Triangular incline"}, &make<CTriangleBevel>},
+    {{103, "Conveyerbelt", "Conveyor belt"}, &make<Conveyerbelt>},
+    {{104, "CSmallBall", "Small ball"}, &make<CSmallBall>},
+    {{105, "CSmallCar", "Small car"}, &make<CSmallCar>},
+    {{106, "CWood", "Wood block"}, &make<CWood>},
     {{107, "CStick", "Stick"}, &make<CStick>},
+    {{108, "CLever", "Lever"}, &make<CLever>},
     {{109, "CRuler", "Ruler"}, &make<CRuler>},
+    {{110, "CVernierCalipers", "Vernier calipers"}, &make<CVernierCalipers>},
+    {{111, "Calibration", "Calibration scale"}, &make<Calibration>},
+    {{112, "CircularGroove", "Circular groove"}, &make<CircularGroove>},
+    {{113, "CIndentation", "Indentation"}, &make<CIndentation>},
+    {{114, "CSkateboard", "Skateboard"}, &make<CSkateboard>},
     {{200, "CForce", "Force arrow"}, &make<CForce>},
     {{201, "CDistance", "Distance marker"}, &make<CDistance>},
     {{202, "CSpring", "Spring"}, &make<CSpring>},

@@ -188,9 +188,11 @@ QJsonObject ScriptSession::exec(const QString &line)
                            {QStringLiteral("messages"), messagesSince(mark)}};
     }
     if (cmd == QLatin1String("png")) {
-        if (a.size() != 2)
-            return error(QStringLiteral("usage: png FILE"));
-        const QString err = Render::toFile(m_obj, a[1], 1.0, true);
+        bool ok = a.size() == 2;
+        const double scale = a.size() == 3 ? a[2].toDouble(&ok) : 1.0;
+        if (!ok || !(scale > 0 && scale <= 16))
+            return error(QStringLiteral("usage: png FILE [SCALE]"));
+        const QString err = Render::toFile(m_obj, a[1], scale, true);
         return err.isEmpty() ? QJsonObject{{QStringLiteral("file"), a[1]}} : error(err);
     }
     return error(QStringLiteral("unknown command '%1'").arg(cmd));

@@ -1,0 +1,24 @@
+#include "PanelCache.h"
+
+void PanelCache::append(QJsonArray &array, int i, const QJsonValue &value, const std::function<QJsonObject()> &build,
+                        const QString &shape)
+{
+    if (i < 0)
+        return;
+    if (m_items.size() <= i)
+        m_items.resize(i + 1);
+    Item &item = m_items[i];
+    if (!item.built || item.shape != shape) {
+        item.fresh = build();
+        item.current = item.fresh;
+        item.value = item.fresh.value(QStringLiteral("value"));
+        item.shape = shape;
+        item.built = true;
+    }
+    if (value != item.value) {
+        item.current = item.fresh;
+        item.current.insert(QStringLiteral("value"), value);
+        item.value = value;
+    }
+    array.append(item.current);
+}

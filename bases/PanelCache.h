@@ -1,0 +1,28 @@
+#pragma once
+// The panel items of an apparatus, kept between requests. A drag asks for them twice a
+// step, to post the values it changed, and building the JSON costs more than the step:
+// an item is built once, and a new value only rewrites that item's "value".
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QString>
+#include <QVector>
+#include <functional>
+
+class PanelCache
+{
+public:
+    // Appends item i showing `value`. build() makes it the first time, and again when
+    // `shape` (whatever else the item shows: its options, its range) differs from last time.
+    void append(QJsonArray &array, int i, const QJsonValue &value, const std::function<QJsonObject()> &build,
+                const QString &shape = QString());
+
+private:
+    struct Item {
+        bool built = false;
+        QString shape;
+        QJsonObject fresh;   // as built: rewriting a value in place keeps the old text's bytes
+        QJsonObject current;
+        QJsonValue value;
+    };
+    QVector<Item> m_items;
+};

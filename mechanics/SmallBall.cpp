@@ -1,0 +1,160 @@
+#include "SmallBall.h"
+#include "bases/HandlePos.h"
+#include <QJsonArray>
+#include <cmath>
+#include <svgobj.h>
+
+namespace {
+
+constexpr int kColourAttr = 5100, kCentreAttr = 5101;
+constexpr double kCx = 130, kCy = 130, kMinR = 6, kMaxR = 120;
+
+// The sphere's shading from its body colour: a pale tint where the light falls and a
+// deep shade on the far side.
+QColor mixed(const QColor &c, const QColor &with, double t)
+{
+    return QColor::fromRgbF(c.redF() + (with.redF() - c.redF()) * t, c.greenF() + (with.greenF() - c.greenF()) * t,
+                            c.blueF() + (with.blueF() - c.blueF()) * t);
+}
+
+} // namespace
+
+CSmallBall::CSmallBall(CSVGObj *owner) : CBasic(owner)
+{
+    m_bItemsOutline = true;
+    setPostsChangedSettings(true);
+}
+
+CSmallBall::~CSmallBall() = default;
+
+QString CSmallBall::getSVG()
+{
+    return QStringLiteral(
+        "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n"
+        "<svg version=\"1.1\" xmlns=\"http://www.w3.org/2000/svg\" x=\"0px\" y=\"0px\" width=\"46px\" height=\"41px\""
+        " viewBox=\"109.5 109.5 46 41\">\n"
+        "<defs>\n"
+        "<radialGradient id=\"sb_shade\" cx=\"0.36\" cy=\"0.32\" r=\"0.72\" fx=\"0.3\" fy=\"0.26\">"
+        "<stop offset=\"0\" stop-color=\"#FFFFFF\"/>"
+        "<stop id=\"sb_light\" offset=\"0.14\" stop-color=\"#F2A68E\"/>"
+        "<stop id=\"sb_body\" offset=\"0.55\" stop-color=\"#D84315\"/>"
+        "<stop id=\"sb_dark\" offset=\"1\" stop-color=\"#772509\"/></radialGradient>\n"
+        "</defs>\n"
+        "<circle id=\"ball\" cx=\"130\" cy=\"130\" r=\"20\" fill=\"url(#sb_shade)\" stroke=\"#5A1A06\" stroke-width=\"0.8\""
+        " stroke-opacity=\"0.6\" vector-effect=\"non-scaling-stroke\"/>\n"
+        "<circle id=\"center\" cx=\"130\" cy=\"130\" r=\"2.2\" fill=\"#1A1A1A\" stroke=\"#FFFFFF\" stroke-width=\"0.6\""
+        " display=\"none\"/>\n"
+        "<rect id=\"control_1\" x=\"145.5\" y=\"125.5\" width=\"9\" height=\"9\" rx=\"4.5\" ry=\"4.5\" fill=\"#1700FE\""
+        " x_from=\"131.5\" x_to=\"245.5\"/>\n"
+        "</svg>\n");
+}
+
+int CSmallBall::getSVGType() { return 104; }
+
+void CSmallBall::ResetAtrribute()
+{
+    addColour(kColourAttr, 1101, QStringLiteral("IDS_SVG_PHYSICAL_BALL_COLOR"), QColor(0xD84315));
+    addAttribute(kCentreAttr, 1102, 0, QStringLiteral("IDS_SVG_PHYSICAL_SHOW_CENTER"), 0, false);
+}
+
+void CSmallBall::SVGInit(bool, bool)
+{
+    if (!m_pDocument)
+        return;
+    if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("center")))
+        n->setFillEnabled(false);
+    layout();
+    UpdateColor(false);
+    UpdateCheckBox(false);
+    Resize(false);
+}
+
+void CSmallBall::layout()
+{
+    if (!m_pDocument || m_controlNodes.isEmpty())
+        return;
+    const double r = HandlePos::centre(*this, 0).x() - kCx;
+    m_dRadius = std::isfinite(r) ? std::max(kMinR, std::min(kMaxR, r)) : kMinR;
+    if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("ball")))
+        n->setNumAttribute(QStringLiteral("r"), m_dRadius);
+    // The centre mark grows a little with the ball, but stays a dot.
+    if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("center")))
+        n->setNumAttribute(QStringLiteral("r"), std::min(4.0, 1.5 + m_dRadius * 0.03));
+    HandlePos::placeCentre(*this, 0, QPointF(kCx + m_dRadius, kCy));
+}
+
+void CSmallBall::UpdateColor(bool)
+{
+    if (!m_pDocument)
+        return;
+    const QColor body = m_attributes.value(kColourAttr).color;
+    const struct {
+        const char *id;
+        QColor colour;
+    } stops[] = {{"sb_light", mixed(body, Qt::white, 0.55)}, {"sb_body", body}, {"sb_dark", mixed(body, Qt::black, 0.5)}};
+    for (const auto &s : stops)
+        if (QSvgNode *n = m_pDocument->namedNode(QLatin1String(s.id)))
+            n->setAttribute(QStringLiteral("stop-color"), s.colour.name().toUpper());
+    if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("ball")))
+        n->setAttribute(QStringLiteral("stroke"), mixed(body, Qt::black, 0.65).name().toUpper());
+    repaint();
+}
+
+void CSmallBall::UpdateCheckBox(bool)
+{
+    if (QSvgNode *n = m_pDocument ? m_pDocument->namedNode(QStringLiteral("center")) : nullptr)
+        n->setVisible(m_attributes.value(kCentreAttr).boolValue);
+    repaint();
+}
+
+bool CSmallBall::updateSVG(QSvgNode *node, QPointF, bool bFinal)
+{
+    if (!node || node != m_controlNodes.value(0))
+        return false;
+    layout();
+    Resize(bFinal);
+    repaint();
+    return true;
+}
+
+void CSmallBall::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
+{
+    const double r = m_dRadius + 0.5;
+    enclose(QRectF(kCx - r, kCy - r, 2 * r, 2 * r), topLeft, bottomRight);
+    for (QSvgNode *h : m_controlNodes)
+        enclose(h->rect(), topLeft, bottomRight);
+}
+
+int CSmallBall::percent() { return HandlePos::percent(*this, 0, HandlePos::X, HandlePos::get(*this, 0, HandlePos::X)); }
+
+void CSmallBall::GetSettingArray(QJsonArray &array)
+{
+    if (!m_pOwner)
+        return;
+    m_panel.append(array, 0, m_attributes.value(kColourAttr).color.name(),
+                   [this] { return attributeItem(kColourAttr, QStringLiteral("idBallColor")); });
+    m_panel.append(array, 1, m_attributes.value(kCentreAttr).boolValue,
+                   [this] { return attributeItem(kCentreAttr, QStringLiteral("idShowCenter")); });
+    m_panel.append(array, 2, QString::number(percent()), [this] {
+        QJsonArray item;
+        HandlePos::appendInput(*this, item, QStringLiteral("IDS_PHYSICSOBJ_SIZE"), percent());
+        return item.first().toObject();
+    });
+}
+
+bool CSmallBall::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
+{
+    applyAttributeItems(values, {{QStringLiteral("idBallColor"), kColourAttr}, {QStringLiteral("idShowCenter"), kCentreAttr}},
+                        bRecord, bUndo);
+    double x = 0;
+    if (HandlePos::target(*this, values, 0, HandlePos::X, false, x, HandlePos::Decimal))
+        HandlePos::set(*this, 0, HandlePos::X, x, m_bPosByCode);
+    return true;
+}
+
+bool CSmallBall::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
+{
+    const bool r = CBasic::SetAttribute(id, in, bRecord, bUndo);
+    keepEverything(id, m_bPosByCode);
+    return r;
+}

@@ -1,0 +1,151 @@
+// The sloped board: the slope and length its upper end sets, the angle mark that must
+// agree with the slope drawn, typed values, what a drag posts, capture and reopening.
+#include "panelhelpers.h"
+#include <cmath>
+#include <mechanics/Bevel.h>
+
+namespace {
+
+CBevel *bevel(const ObjPtr &o) { return static_cast<CBevel *>(o->content()); }
+const QPointF kHinge(20, 180);
+
+// Where the handle's centre stands, seen from the hinge, in degrees anticlockwise.
+double handleAngle(CSVGBase *c)
+{
+    const QPointF d = node(c, "control_1")->rect().center() - kHinge;
+    return std::atan2(-d.y(), d.x()) * 180 / M_PI;
+}
+double handleDistance(CSVGBase *c)
+{
+    const QPointF d = node(c, "control_1")->rect().center() - kHinge;
+    return std::hypot(d.x(), d.y());
+}
+
+struct BevelTest : ApparatusTest {};
+
+struct Pull {
+    QPointF to;  // where the hand takes the handle's centre, from the hinge
+    double angle, length;
+};
+class BevelDrag : public BevelTest, public ::testing::WithParamInterface<Pull> {};
+
+} // namespace
+
+TEST_F(BevelTest, NewBoardIsThreeHundredLongAtThirtyDegrees)
+{
+    ObjPtr o = makeObject(101, true);
+    CSVGBase *c = o->content();
+    EXPECT_EQ(bevel(o)->angle(), 30);
+    EXPECT_EQ(bevel(o)->length(), 300);
+    EXPECT_EQ(shown(c, "idAngle"), "30");
+    EXPECT_EQ(shown(c, "idLength"), "25"); // (300 - 60) / 940
+    EXPECT_EQ(shown(c, "idShowAngle"), "true");
+    EXPECT_EQ(node(c, "angle_text")->text(), QString::fromUtf8("30°"));
+    EXPECT_EQ(num(c, "board", "rotate_angle"), -30);
+    EXPECT_NEAR(handleDistance(c), 300, 1e-9);
+    for (const char *id : {"support", "ground", "angle_arc"})
+        EXPECT_TRUE(node(c, id)) << id;
+}
+
+TEST_P(BevelDrag, HandleSetsSlopeAndLengthWithinTheirRangesAndReturnsToThePlanksEnd)
+{
+    ObjPtr o = makeObject(101, true);
+    CSVGBase *c = o->content();
+    const QPointF from = node(c, "control_1")->rect().center();
+    drag(c, "control_1", kHinge.x() + GetParam().to.x() - from.x(), kHinge.y() - GetParam().to.y() - from.y());
+    EXPECT_NEAR(bevel(o)->angle(), GetParam().angle, 1e-9);
+    EXPECT_NEAR(bevel(o)->length(), GetParam().length, 1e-9);
+    EXPECT_NEAR(handleAngle(c), GetParam().angle, 1e-9);
+    EXPECT_NEAR(handleDistance(c), GetParam().length, 1e-9);
+    // The mark tells the slope that is drawn.
+    EXPECT_EQ(num(c, "board", "rotate_angle"), -bevel(o)->angle());
+    EXPECT_EQ(node(c, "angle_text")->text(), QString::number(std::lround(GetParam().angle)) + QChar(0x00B0));
+    EXPECT_EQ(shown(c, "idAngle"), QString::number(std::lround(GetParam().angle)));
+    EXPECT_NEAR(num(c, "plank", "width"), GetParam().length, 1e-9);
+}
+
+INSTANTIATE_TEST_SUITE_P(Bevel, BevelDrag, ::testing::Values(
+    Pull{{200, 200}, 45, 200 * M_SQRT2}, Pull{{100, 0}, 0, 100}, Pull{{-100, 300}, 80, std::hypot(100, 300)},
+    Pull{{300, -50}, 0, std::hypot(300, 50)}, Pull{{-200, -10}, 0, std::hypot(200, 10)},
+    Pull{{20, 10}, std::atan2(10, 20) * 180 / M_PI, 60}, Pull{{900, 900}, 45, 1000},
+    Pull{{300, 80.385}, std::atan2(80.385, 300) * 180 / M_PI, std::hypot(300, 80.385)}));
+
+TEST_F(BevelTest, DragPostsTheValuesItChangedOnly)
+{
+    ObjPtr o = makeObject(101, true);
+    CSVGBase *c = o->content();
+    int mark = messageCount();
+    drag(c, "control_1", 0, -0.2, false); // too little to change either shown value
+    EXPECT_EQ(postedSince(mark), QStringList());
+    mark = messageCount();
+    drag(c, "control_1", -120, -60);
+    EXPECT_EQ(postedSince(mark), (QStringList{"idAngle=" + shown(c, "idAngle"), "idLength=" + shown(c, "idLength")}));
+    mark = messageCount();
+    drag(c, "control_1", -2000, 0); // past 80°: held there, and still posted once
+    drag(c, "control_1", -50, 0);
+    EXPECT_EQ(bevel(o)->angle(), 80);
+    EXPECT_EQ(postedSince(mark).filter("idAngle"), QStringList{"idAngle=80"});
+}
+
+TEST_F(BevelTest, TypedAngleKeepsTheLengthAndTypedLengthKeepsTheAngle)
+{
+    ObjPtr o = makeObject(101, true);
+    CSVGBase *c = o->content();
+    const int mark = messageCount();
+    typeIn(c, "idAngle", "45.6");
+    EXPECT_EQ(bevel(o)->angle(), 46);
+    EXPECT_NEAR(bevel(o)->length(), 300, 1e-9);
+    typeIn(c, "idLength", "100");
+    EXPECT_NEAR(bevel(o)->angle(), 46, 1e-9);
+    EXPECT_NEAR(bevel(o)->length(), 1000, 1e-9);
+    EXPECT_EQ(shown(c, "idLength"), "100");
+    typeIn(c, "idAngle", "95");
+    EXPECT_NEAR(bevel(o)->angle(), 80, 1e-9);
+    typeIn(c, "idAngle", "-7");
+    EXPECT_NEAR(bevel(o)->angle(), 0, 1e-9);
+    EXPECT_EQ(node(c, "angle_text")->text(), QString::fromUtf8("0°"));
+    for (const char *bad : {"steep", "", "nan", "inf"})
+        typeIn(c, "idAngle", bad);
+    EXPECT_NEAR(bevel(o)->angle(), 0, 1e-9);
+    typeIn(c, "idLength", "-20");
+    EXPECT_NEAR(bevel(o)->length(), 60, 1e-9);
+    EXPECT_EQ(postedSince(mark), QStringList()); // typed values are not echoed
+    undoStack()->undo();
+    EXPECT_NEAR(bevel(o)->length(), 1000, 1e-9);
+}
+
+TEST_F(BevelTest, ShowAngleSwitchHidesTheMarkAsOneUndoStep)
+{
+    ObjPtr o = makeObject(101, true);
+    CSVGBase *c = o->content();
+    EXPECT_TRUE(typeIn(c, "idShowAngle", "false"));
+    EXPECT_FALSE(node(c, "angle_arc")->isVisible());
+    EXPECT_FALSE(node(c, "angle_text")->isVisible());
+    EXPECT_EQ(undoStack()->count(), 1);
+    undoStack()->undo();
+    EXPECT_TRUE(node(c, "angle_arc")->isVisible());
+    EXPECT_TRUE(node(c, "angle_text")->isVisible());
+}
+
+TEST_F(BevelTest, RestorePutsBackSlopeLengthAndSwitch)
+{
+    ObjPtr o = makeObject(101, true);
+    CSVGBase *c = o->content();
+    typeIn(c, {{"idAngle", "12"}, {"idLength", "70"}, {"idShowAngle", "false"}});
+    const QString captured = svgText(c);
+    capture(c);
+    typeIn(c, {{"idAngle", "70"}, {"idLength", "3"}, {"idShowAngle", "true"}});
+    EXPECT_TRUE(c->editRestore());
+    EXPECT_EQ(svgText(c), captured);
+    EXPECT_EQ(shown(c, "idAngle"), "12");
+}
+
+TEST_F(BevelTest, ReopensExactlyAndDragsAlikeAfterwards)
+{
+    ObjPtr o = makeObject(101, true);
+    CSVGBase *c = o->content();
+    dragInSteps(c, "control_1", QPointF(-77.7, -33.3));
+    expectReopensAndDragsAlike(c, "control_1", QPointF(41.3, 18.9));
+    typeIn(c, "idAngle", "5");
+    expectReopensAndDragsAlike(c, "control_1", QPointF(-300, -500));
+}
