@@ -3,7 +3,7 @@
 # (no argument) or open the board (./run.sh board [page file]).
 set -euo pipefail
 cd "$(dirname "$0")"
-./scripts/setup.sh
+BUILD_TARGETS="physlab physboard" ./scripts/setup.sh
 case "${1:-}" in
   board)
     shift

@@ -1,7 +1,7 @@
 #pragma once
 // Common base of most apparatus: template loading with its hooks, the attribute
 // table with its stream, and property items for the table.
-#include "physicalobject/physicalobject_shared_global.h"
+#include "bases/Export.h"
 #include <QByteArray>
 #include <QColor>
 #include <QMap>

@@ -1,7 +1,7 @@
 #pragma once
 // Base of the circuit symbols that carry an editable value label: the label text and
 // colour, the item widened so the label always fits, and room made above the symbol.
-#include "physicalobject/physicalobject_shared_global.h"
+#include "bases/Export.h"
 #include <QColor>
 #include <QRectF>
 #include <functional>

@@ -1,5 +1,4 @@
 #include "Meter.h"
-#include "physicalobject/physicalobject.h"
 #include <cmath>
 #include <framework.h>
 #include <svgobj.h>

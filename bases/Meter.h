@@ -1,9 +1,13 @@
 #pragma once
 // Common base of the dial meters: a pointer turning about a pivot within a fixed arc,
 // driven by one handle dragged round the dial or set from a reading.
-#include "physicalobject/physicalobject_shared_global.h"
+#include "bases/Export.h"
 #include <QJsonObject>
 #include <svgbase.h>
+
+// The angle of a point seen from a centre (part of the library's entry points; the
+// meters turn their pointers by it).
+PHYSICALOBJECT_SHARED_EXPORT double getCirclePointDegree(QPointF point, QPointF center);
 
 class PHYSICALOBJECT_SHARED_EXPORT CMeter : public CSVGBase
 {

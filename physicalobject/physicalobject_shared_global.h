@@ -1,8 +1,3 @@
 #pragma once
-#include <QtCore/qglobal.h>
-
-#if defined(PHYSICALOBJECT_LIBRARY)
-#define PHYSICALOBJECT_SHARED_EXPORT Q_DECL_EXPORT
-#else
-#define PHYSICALOBJECT_SHARED_EXPORT Q_DECL_IMPORT
-#endif
+// The export mark lives with the bases, below this layer; a host includes it from here.
+#include "bases/Export.h"
