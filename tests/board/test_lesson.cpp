@@ -15,6 +15,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <QPrinter>
 #include <QProcess>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -323,6 +324,14 @@ private slots:
                 QVERIFY(ids.size() > 10);
             }
         }
+        // Printing goes through the same painter: a PDF printer gets the page.
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        const QString printed = dir.filePath(QStringLiteral("printed.pdf"));
+        printer.setOutputFileName(printed);
+        QVERIFY(w->printPage(&printer));
+        QFile pf(printed);
+        QVERIFY(pf.open(QIODevice::ReadOnly) && pf.read(5) == "%PDF-");
         // Failures say why and exit non-zero.
         QProcess missing;
         missing.start(QStringLiteral(PHYSBOARD_BIN), {dir.filePath(QStringLiteral("none.phb")), QStringLiteral("--export"),
