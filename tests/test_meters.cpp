@@ -247,6 +247,60 @@ TEST_P(MeterFamily, LongTicksStandAtTheFiguresAndPostsAtTheTerminals)
         EXPECT_EQ(posts[i], terminals[i]) << i;
 }
 
+// A saved range is one the meter offers: the last one reopens, one past it is refused and
+// leaves the meter as it was.
+TEST_P(MeterFamily, AReopenedRangeIsOneTheMeterOffers)
+{
+    ObjPtr o = makeObject(GetParam(), true);
+    const QJsonObject grade = item(o, "idMeterGrade");
+    if (grade.isEmpty())
+        GTEST_SKIP() << "one range only";
+    const int ranges = std::max(grade.value("values").toArray().size(), grade.value("options").toArray().size());
+    ASSERT_GT(ranges, 1);
+    // The record: its magic, the stream, then the kept values (count; key, kind, value each).
+    auto withGrade = [&](int g) {
+        QDataStream in(o->content()->record());
+        in.setVersion(QDataStream::Qt_5_15);
+        quint32 magic = 0;
+        QByteArray stream, kept;
+        in >> magic >> stream >> kept;
+        QDataStream k(kept);
+        quint32 n = 0;
+        k >> n;
+        QByteArray rewritten;
+        QDataStream out(&rewritten, QIODevice::WriteOnly);
+        out << n;
+        for (quint32 i = 0; i < n; ++i) {
+            QString key;
+            quint8 kind = 0;
+            k >> key >> kind;
+            out << key << kind;
+            if (kind == 0) {
+                qint32 v = 0;
+                k >> v;
+                out << qint32(key == QLatin1String("grade") ? g : v);
+            } else {
+                double v = 0;
+                k >> v;
+                out << v;
+            }
+        }
+        QByteArray r;
+        QDataStream w(&r, QIODevice::WriteOnly);
+        w.setVersion(QDataStream::Qt_5_15);
+        w << magic << stream << rewritten;
+        return r;
+    };
+    ObjPtr last = makeObject(GetParam(), true);
+    EXPECT_TRUE(last->content()->restoreRecord(withGrade(ranges - 1)));
+    EXPECT_EQ(item(last, "idMeterGrade").value("value").toInt(), ranges - 1);
+    ObjPtr past = makeObject(GetParam(), true);
+    const QByteArray before = past->content()->record();
+    EXPECT_FALSE(past->content()->restoreRecord(withGrade(ranges)));
+    EXPECT_FALSE(past->content()->restoreRecord(withGrade(-1)));
+    EXPECT_EQ(past->content()->record(), before);
+}
+
 INSTANTIATE_TEST_SUITE_P(Meters, MeterFamily, ::testing::Values(403, 404, 405, 406));
 
 TEST_F(MeterTest, AmmeterPanelItems)
