@@ -2,6 +2,7 @@
 // SVG, drawn by librsvg (rsvg-convert) and by our painter, agrees up to antialiasing.
 // Where rsvg-convert is not installed the comparison is skipped.
 #include "helpers.h"
+#include "pictures.h"
 #include <QDir>
 #include <QImage>
 #include <QPainter>
@@ -12,47 +13,6 @@
 namespace {
 
 constexpr double kScale = 2;
-
-// Each pixel as the mean of its 3 x 3 neighbourhood: edges drawn a little differently
-// by two antialiasing rasterisers mostly cancel out.
-QImage softened(const QImage &in)
-{
-    const QImage src = in.convertToFormat(QImage::Format_RGB32);
-    QImage out(src.size(), QImage::Format_RGB32);
-    for (int y = 0; y < src.height(); ++y)
-        for (int x = 0; x < src.width(); ++x) {
-            int r = 0, g = 0, b = 0, n = 0;
-            for (int dy = -1; dy <= 1; ++dy)
-                for (int dx = -1; dx <= 1; ++dx) {
-                    const int xx = x + dx, yy = y + dy;
-                    if (xx < 0 || yy < 0 || xx >= src.width() || yy >= src.height())
-                        continue;
-                    const QRgb c = src.pixel(xx, yy);
-                    r += qRed(c), g += qGreen(c), b += qBlue(c), ++n;
-                }
-            out.setPixel(x, y, qRgb(r / n, g / n, b / n));
-        }
-    return out;
-}
-
-// Pixels that differ by more than a third of the range in some channel.
-int differing(const QImage &a, const QImage &b, QImage *diff)
-{
-    const QImage sa = softened(a), sb = softened(b);
-    *diff = QImage(sa.size(), QImage::Format_RGB32);
-    diff->fill(Qt::white);
-    int n = 0;
-    for (int y = 0; y < sa.height(); ++y)
-        for (int x = 0; x < sa.width(); ++x) {
-            const QRgb p = sa.pixel(x, y), q = sb.pixel(x, y);
-            const int d = std::max({std::abs(qRed(p) - qRed(q)), std::abs(qGreen(p) - qGreen(q)), std::abs(qBlue(p) - qBlue(q))});
-            if (d > 85) {
-                ++n;
-                diff->setPixel(x, y, qRgb(220, 0, 0));
-            }
-        }
-    return n;
-}
 
 } // namespace
 
@@ -100,7 +60,7 @@ TEST(Renderers, EveryGalleryStateDrawsAlikeInLibrsvg)
             doc->render(&painter, QRectF(QPointF(0, 0), doc->size() * kScale), false);
         }
         QImage diff;
-        const int n = differing(ours, other, &diff);
+        const int n = differingPixels(ours, other, &diff);
         // A misplaced node, a missing part or a wrong colour differs over far more.
         const int allowed = std::max(12, int(0.004 * ours.width() * ours.height()));
         EXPECT_LE(n, allowed) << qPrintable(name) << ": pictures in " << qPrintable(failures);
