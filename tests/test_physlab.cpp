@@ -5,6 +5,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <physicalobject/physicalobject.h>
 
 namespace {
 
@@ -82,6 +83,12 @@ TEST(Physlab, ListRenderAndGallery)
     const PhyslabRun list = physlab({"list"});
     EXPECT_EQ(list.exitCode, 0);
     EXPECT_TRUE(list.lines.contains(QJsonObject{{"type", 107}, {"class", "CStick"}, {"name", "Stick"}}));
+    // Every type of the table, first to last.
+    int n = 0;
+    const PhysicalTypeInfo *table = physical_TypeTable(&n);
+    ASSERT_EQ(list.lines.size(), n);
+    EXPECT_EQ(list.lines.first()["type"].toInt(), table[0].type);
+    EXPECT_EQ(list.lines.last()["type"].toInt(), table[n - 1].type);
 
     QTemporaryDir dir;
     EXPECT_EQ(physlab({"render", "107", "-o", dir.filePath("s.png"), "--scale", "2"}).exitCode, 0);
