@@ -197,6 +197,13 @@ private slots:
         drag(vp(), end, onScreen(post) + QPointF(6, -5));
         QVERIFY(distance(terminal(wire, 1), post) < 1e-6);
         QCOMPARE(w->page()->links().size(), 1);
+        // The snap is one step: undone, the end and its link go; redone, both come back.
+        w->undo();
+        QVERIFY(w->page()->links().isEmpty());
+        QVERIFY(distance(terminal(wire, 1), post) > 1);
+        w->redo();
+        QCOMPARE(w->page()->links().size(), 1);
+        QVERIFY(distance(terminal(wire, 1), post) < 1e-6);
 
         // The symbol moves: the end comes along, in the same undo step.
         const int steps = stack()->count();
