@@ -310,15 +310,17 @@ TEST_F(LensTest, HeightDragGrowsAboutTheCentreOnlyOnceTheTopIsNegative)
 
 TEST_F(LensTest, ThicknessDragEchoesThePercentagePanelEditDoesNot)
 {
-    ObjPtr o = makeObject(600, true);
-    CSVGBase *c = o->content();
-    GetFramework()->clearMessages();
-    drag(c, "control_1", 2, 0);
-    ASSERT_EQ(GetFramework()->settingsMessages().size(), 1);
-    EXPECT_TRUE(GetFramework()->settingsMessages().last().contains("\"idPosValue\""));
-    setting(c, "idPosValue", "10");
-    drag(c, "control_2", 0, 5);
-    EXPECT_EQ(GetFramework()->settingsMessages().size(), 1);
+    for (int type : {600, 601}) {
+        ObjPtr o = makeObject(type, true);
+        CSVGBase *c = o->content();
+        GetFramework()->clearMessages();
+        drag(c, "control_1", 2, 0);
+        ASSERT_EQ(GetFramework()->settingsMessages().size(), 1) << type;
+        EXPECT_TRUE(GetFramework()->settingsMessages().last().contains("\"idPosValue\"")) << type;
+        setting(c, "idPosValue", "10");
+        drag(c, "control_2", 0, 5);
+        EXPECT_EQ(GetFramework()->settingsMessages().size(), 1) << type;
+    }
 }
 
 // ------------------------------------------------------------- half lenses
