@@ -159,6 +159,22 @@ QPointF CSVGBase::itemToDocument(const QPointF &p) const
     return QPointF(vb.x() + p.x() * vb.width() / s.width(), vb.y() + p.y() * vb.height() / s.height());
 }
 
+QPointF CSVGBase::documentToItem(const QPointF &p) const
+{
+    if (!m_pDocument || !m_pOwner)
+        return p;
+    const QRectF vb = m_pDocument->viewBox();
+    const QSizeF s = m_pOwner->itemSize();
+    if (vb.isEmpty() || s.isEmpty())
+        return p;
+    return QPointF((p.x() - vb.x()) * s.width() / vb.width(), (p.y() - vb.y()) * s.height() / vb.height());
+}
+
+QRectF CSVGBase::documentToItem(const QRectF &r) const
+{
+    return QRectF(documentToItem(r.topLeft()), documentToItem(r.bottomRight()));
+}
+
 bool CSVGBase::CheckHitTestHandlers(const QPointF &localPoint)
 {
     m_pHitHandle = nullptr;

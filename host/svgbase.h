@@ -164,6 +164,9 @@ public:
                              bool *handled = nullptr);
     // Maps a point in the owner item's coordinates to document units.
     QPointF itemToDocument(const QPointF &p) const;
+    // And back: a point or a rectangle of the drawing in the owner item's coordinates.
+    QPointF documentToItem(const QPointF &p) const;
+    QRectF documentToItem(const QRectF &r) const;
     bool isLoading() const { return m_loading; }
 
     // --- state ---------------------------------------------------------------

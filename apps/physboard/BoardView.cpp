@@ -28,17 +28,6 @@ const QColor kSnapOrange(0xff, 0x8c, 0x00);
 
 QString T(const char *key) { return Strings::text(QLatin1String(key)); }
 
-// The item's own rectangle of a document rectangle.
-QRectF docToItem(CWBPhysicalObject *obj, const QRectF &r)
-{
-    const QRectF vb = obj->content()->document()->viewBox();
-    const QSizeF s = obj->itemSize();
-    if (vb.isEmpty() || s.isEmpty())
-        return r;
-    const double kx = s.width() / vb.width(), ky = s.height() / vb.height();
-    return QRectF((r.x() - vb.x()) * kx, (r.y() - vb.y()) * ky, r.width() * kx, r.height() * ky);
-}
-
 double angleOf(const QPointF &v) { return qRadiansToDegrees(std::atan2(v.y(), v.x())); }
 
 QString nameOf(QGraphicsItem *item) { return BoardPage::nameOf(item); }
@@ -139,7 +128,7 @@ QRectF BoardView::handleDrawnRect(CWBPhysicalObject *obj, int index) const
 {
     if (!obj || !obj->content() || index < 0 || index >= obj->content()->controlNodes().size())
         return QRectF();
-    const QRectF item = docToItem(obj, obj->content()->controlNodes().at(index)->documentBounds());
+    const QRectF item = obj->content()->documentToItem(obj->content()->controlNodes().at(index)->documentBounds());
     QRectF drawn = viewportTransform().map(obj->mapToScene(item)).boundingRect();
     // The painter draws small handles enlarged about their centre.
     const double least = CSVGObj::minHandlePixels();
@@ -442,12 +431,7 @@ void BoardView::dragHandleTo(const QPoint &viewPos, bool final, bool free)
     m_snapping = false;
     if (end >= 0 && !free) {
         const QPointF half = node->rect().center() - node->rect().topLeft();
-        const QRectF vb = c->document()->viewBox();
-        const QSizeF s = obj->itemSize();
-        const QPointF centreDoc = target + half;
-        const QPointF centreItem = vb.isEmpty() ? centreDoc
-                                                : QPointF((centreDoc.x() - vb.x()) * s.width() / vb.width(),
-                                                          (centreDoc.y() - vb.y()) * s.height() / vb.height());
+        const QPointF centreItem = c->documentToItem(target + half);
         const Wiring::Target t = Wiring::nearest(m_page, this, obj->mapToScene(centreItem), obj);
         if (t.valid()) {
             target = c->itemToDocument(obj->mapFromScene(t.scene)) - half;
@@ -549,14 +533,16 @@ void BoardView::updateCursor(const QPoint &pos)
 {
     if (m_tool != SelectTool)
         return;
-    Qt::CursorShape shape = m_spaceDown ? Qt::OpenHandCursor : Qt::ArrowCursor;
-    const HandleHit h = m_spaceDown ? HandleHit() : hitHandle(pos);
-    QGraphicsItem *item = m_spaceDown ? nullptr : itemAt(pos);
+    if (m_spaceDown) {
+        viewport()->setCursor(Qt::OpenHandCursor);
+        return;
+    }
+    const HandleHit h = hitHandle(pos);
+    QGraphicsItem *item = h.obj ? nullptr : itemAt(pos);
     if (m_presenting)
         setHovered(h.obj ? h.obj : BoardPage::asObject(item));
-    if (m_spaceDown)
-        ;
-    else if (nearKnob(rotateKnob(), pos) || nearKnob(scaleKnob(), pos))
+    Qt::CursorShape shape = Qt::ArrowCursor;
+    if (nearKnob(rotateKnob(), pos) || nearKnob(scaleKnob(), pos))
         shape = Qt::CrossCursor;
     else if (h.obj)
         shape = Qt::PointingHandCursor;

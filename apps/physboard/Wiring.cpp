@@ -7,20 +7,6 @@
 
 namespace Wiring {
 
-namespace {
-
-// A point of the drawing in the item's own coordinates.
-QPointF docToItem(CWBPhysicalObject *obj, const QPointF &p)
-{
-    const QRectF vb = obj->content()->document()->viewBox();
-    const QSizeF s = obj->itemSize();
-    if (vb.isEmpty() || s.isEmpty())
-        return p;
-    return QPointF((p.x() - vb.x()) * s.width() / vb.width(), (p.y() - vb.y()) * s.height() / vb.height());
-}
-
-} // namespace
-
 bool isWire(const CWBPhysicalObject *obj) { return obj && obj->typeId() == BoardPage::kWireType; }
 
 int handleOfEnd(int end) { return end == 0 ? 0 : 3; }
@@ -54,7 +40,7 @@ bool terminalAt(CWBPhysicalObject *obj, int index, QPointF *scene)
         int n = 0;
         doc = physical_Terminals(obj->typeId(), &n)[index];
     }
-    *scene = obj->mapToScene(docToItem(obj, doc));
+    *scene = obj->mapToScene(obj->content()->documentToItem(doc));
     return true;
 }
 
