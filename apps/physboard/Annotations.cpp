@@ -125,18 +125,6 @@ Annotation *Annotation::fromData(Kind kind, const QByteArray &bytes)
     return a;
 }
 
-Annotation *Annotation::clone() const
-{
-    Annotation *a = fromData(kind(), data());
-    if (a) {
-        a->setPos(pos());
-        a->setRotation(rotation());
-        a->setScale(scale());
-        a->setZValue(zValue());
-    }
-    return a;
-}
-
 QRectF Annotation::boundingRect() const
 {
     const double pad = qMax(kPickWidth, m_size) / 2 + 1;

@@ -1,7 +1,7 @@
 #pragma once
 // What a teacher marks on a page besides apparatus: freehand ink, a text box and a
 // straight arrow. Each saves its own data (placement travels with the page's entry),
-// paints the same outline on screen, in a PDF and in an SVG, and clones through that data.
+// paints the same outline on screen, in a PDF and in an SVG.
 #include <QColor>
 #include <QFont>
 #include <QGraphicsItem>
@@ -31,7 +31,6 @@ public:
     bool setData(const QByteArray &bytes);
     static Annotation *create(Kind kind);
     static Annotation *fromData(Kind kind, const QByteArray &bytes);
-    Annotation *clone() const;
 
     // The mark as SVG, in its own coordinates (the caller places it).
     virtual QString svgElement() const = 0;

@@ -167,24 +167,6 @@ void BoardPage::releaseItem(QGraphicsItem *item)
         delete item;
 }
 
-QGraphicsItem *BoardPage::cloneItem(QGraphicsItem *item)
-{
-    QGraphicsItem *copy = nullptr;
-    if (CWBPhysicalObject *o = asObject(item)) {
-        CWBPhysicalObject *c = create(o->typeId(), false);
-        if (!c || !c->content()->restoreRecord(o->content()->record())) {
-            releaseItem(c);
-            return nullptr;
-        }
-        copy = c;
-    } else if (item && item->type() == Annotation::Type) {
-        copy = static_cast<Annotation *>(item)->clone();
-    }
-    if (copy)
-        place(copy, item->pos(), item->rotation(), item->scale(), item->zValue());
-    return copy;
-}
-
 QString BoardPage::nameOf(QGraphicsItem *item)
 {
     if (CWBPhysicalObject *o = asObject(item))
@@ -222,7 +204,6 @@ QList<CWBPhysicalObject *> BoardPage::objects() const
 }
 
 void BoardPage::insertObject(CWBPhysicalObject *obj) { insertItem(obj); }
-void BoardPage::takeObject(CWBPhysicalObject *obj) { takeItem(obj); }
 
 void BoardPage::insertItem(QGraphicsItem *item)
 {
@@ -511,20 +492,6 @@ bool BoardPage::readFile(const QString &path, PageContent *out, QString *error)
     return true;
 }
 
-bool BoardPage::readFile(const QString &path, QList<CWBPhysicalObject *> *out, QString *error, QByteArray *recording)
-{
-    PageContent c;
-    if (!readFile(path, &c, error))
-        return false;
-    *out = c.objects();
-    for (QGraphicsItem *i : c.items)
-        if (!asObject(i))
-            releaseItem(i);
-    if (recording)
-        *recording = c.recording;
-    return true;
-}
-
 bool BoardPage::loadFrom(const QString &path, QString *error)
 {
     PageContent c;
@@ -707,21 +674,4 @@ bool BoardPage::exportItems(const QList<QGraphicsItem *> &items, const QString &
         }
     }
     return writeFile(path, png, error);
-}
-
-bool BoardPage::exportObject(CWBPhysicalObject *obj, const QString &path, QString *error)
-{
-    if (!obj || !obj->content() || !obj->content()->document()) {
-        if (error)
-            *error = T("BOARD_ERR_NOTHING");
-        return false;
-    }
-    QGraphicsItem *copy = cloneItem(obj);
-    if (!copy)
-        return false;
-    // Keeps its turn and size, not its place.
-    copy->setPos(0, 0);
-    const bool ok = exportItems({copy}, path, error);
-    releaseItem(copy);
-    return ok;
 }

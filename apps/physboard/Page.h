@@ -62,7 +62,6 @@ public:
     // An apparatus or a mark; null for anything else.
     static bool isPageItem(const QGraphicsItem *item);
     static void releaseItem(QGraphicsItem *item);
-    static QGraphicsItem *cloneItem(QGraphicsItem *item);
     // What a user calls the item: the apparatus's name, or the kind of mark.
     static QString nameOf(QGraphicsItem *item);
 
@@ -73,7 +72,6 @@ public:
     void insertObject(CWBPhysicalObject *obj);
     void insertItem(QGraphicsItem *item);
     // Takes an item off the page; the caller owns it afterwards. Its links go with it.
-    void takeObject(CWBPhysicalObject *obj);
     void takeItem(QGraphicsItem *item);
     // Releases everything on the page.
     void clearPage();
@@ -100,8 +98,6 @@ public:
 
     // Reads a whole page file into new items that belong to no page yet.
     static bool readFile(const QString &path, PageContent *out, QString *error);
-    static bool readFile(const QString &path, QList<CWBPhysicalObject *> *out, QString *error,
-                         QByteArray *recording = nullptr);
     // Releases the apparatus on the page and puts these instead; marks stay (a replay
     // redraws the apparatus under the teacher's notes).
     void replaceWith(const QList<CWBPhysicalObject *> &objects);
@@ -116,7 +112,6 @@ public:
     bool exportPage(const QString &path, QString *error, const Progress &progress = Progress()) const;
     static bool exportItems(const QList<QGraphicsItem *> &items, const QString &path, QString *error,
                             const Progress &progress = Progress());
-    static bool exportObject(CWBPhysicalObject *obj, const QString &path, QString *error);
     // The page as an SVG text.
     QByteArray pageSvg(const Progress &progress = Progress()) const;
     static QByteArray itemsSvg(const QList<QGraphicsItem *> &items, const Progress &progress = Progress());
