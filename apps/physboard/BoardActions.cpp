@@ -117,7 +117,7 @@ void BoardWindow::cutSelection()
     m_pasteCount = -1;
 }
 
-bool BoardWindow::pasteContent(PageContent &content, const QString &text)
+bool BoardWindow::pasteContent(PageContent &content, const QPointF &offset, const QString &text)
 {
     if (content.items.isEmpty())
         return false;
@@ -126,7 +126,6 @@ bool BoardWindow::pasteContent(PageContent &content, const QString &text)
         fail(T("BOARD_PAGE_FULL").arg(BoardPage::kMaxObjects));
         return false;
     }
-    const QPointF offset(kPasteOffset * m_pasteCount, kPasteOffset * m_pasteCount);
     // Above everything, in their own order.
     double z = m_page->topZ() + 1;
     for (QGraphicsItem *i : content.items) {
@@ -171,7 +170,7 @@ bool BoardWindow::paste()
         m_pasteCount = 0;
     }
     ++m_pasteCount;
-    return pasteContent(content, T("BOARD_CMD_PASTE"));
+    return pasteContent(content, QPointF(kPasteOffset, kPasteOffset) * m_pasteCount, T("BOARD_CMD_PASTE"));
 }
 
 bool BoardWindow::duplicateSelection()
@@ -185,11 +184,7 @@ bool BoardWindow::duplicateSelection()
     PageContent copy;
     if (!BoardPage::deserialize(BoardPage::serialize(c), &copy, nullptr))
         return false;
-    const int saved = m_pasteCount;
-    m_pasteCount = 1;
-    const bool ok = pasteContent(copy, T("BOARD_CMD_DUPLICATE"));
-    m_pasteCount = saved;
-    return ok;
+    return pasteContent(copy, QPointF(kPasteOffset, kPasteOffset), T("BOARD_CMD_DUPLICATE"));
 }
 
 void BoardWindow::bringToFront()

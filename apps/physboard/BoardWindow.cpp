@@ -442,6 +442,16 @@ void BoardWindow::growPage()
 
 CWBPhysicalObject *BoardWindow::place(int typeId, const QPointF &scenePos)
 {
+    return placeMade(typeId, [&scenePos](CWBPhysicalObject *obj) { return scenePos - obj->itemRect().center(); });
+}
+
+CWBPhysicalObject *BoardWindow::placeAtFreeSpot(int typeId)
+{
+    return placeMade(typeId, [this](CWBPhysicalObject *obj) { return freeSpot(obj->itemRect().size()); });
+}
+
+CWBPhysicalObject *BoardWindow::placeMade(int typeId, const std::function<QPointF(CWBPhysicalObject *)> &where)
+{
     if (m_recorder->isPlaying())
         return nullptr;
     if (m_page->objects().size() >= BoardPage::kMaxObjects) {
@@ -451,7 +461,8 @@ CWBPhysicalObject *BoardWindow::place(int typeId, const QPointF &scenePos)
     CWBPhysicalObject *obj = BoardPage::create(typeId, true);
     if (!obj)
         return nullptr;
-    obj->setPos(scenePos - obj->itemRect().center());
+    // Its size is known once it is made: the place follows from it.
+    obj->setPos(where(obj));
     obj->setZValue(m_page->topZ() + 1);
     GetFramework()->pushUndo(new AddItemsCmd(m_page, {obj}, T("BOARD_CMD_ADD").arg(Strings::typeName(typeId))));
     if (m_view->presenting())
@@ -459,16 +470,6 @@ CWBPhysicalObject *BoardWindow::place(int typeId, const QPointF &scenePos)
     m_view->select(obj);
     m_view->setFocus();
     return obj;
-}
-
-CWBPhysicalObject *BoardWindow::placeAtFreeSpot(int typeId)
-{
-    CWBPhysicalObject *probe = BoardPage::create(typeId, true);
-    if (!probe)
-        return nullptr;
-    const QSizeF size = probe->itemRect().size();
-    probe->Release();
-    return place(typeId, freeSpot(size) + QPointF(size.width() / 2, size.height() / 2));
 }
 
 QPointF BoardWindow::freeSpot(const QSizeF &size) const
@@ -584,7 +585,6 @@ void BoardWindow::newPage()
     m_recorder->clear();
     m_recordingChanged = false;
     m_file.clear();
-    m_placed = 0;
     m_pasteCount = 0;
     undoStack()->setClean();
     updateTitle();

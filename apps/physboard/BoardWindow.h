@@ -121,17 +121,19 @@ private:
     QAction *m_zoomIn, *m_zoomOut, *m_zoomFit, *m_zoom100, *m_present;
     QAction *m_tools[4];
     void buildViewMenus();
+    // Makes an apparatus and puts it where `where` says (its top-left, given the made item),
+    // as one undo step.
+    CWBPhysicalObject *placeMade(int typeId, const std::function<QPointF(CWBPhysicalObject *)> &where);
     void rebuildRecentMenu();
     void addRecent(const QString &path);
     void updateEditActions();
-    // Puts content's items on the page offset by step times the offset, as one step.
-    bool pasteContent(struct PageContent &content, const QString &text);
+    // Puts content's items on the page, moved by offset, above everything, as one step.
+    bool pasteContent(struct PageContent &content, const QPointF &offset, const QString &text);
     void printInteractive();
     QStringList m_recent;
     QString m_lastFolder;
     int m_pasteCount = 0;
     QByteArray m_lastCopy;
-    QByteArray m_duplicateBuffer;
     QAction *m_capture, *m_restore;
     QMenu *m_playMenu = nullptr;
     QAction *m_record, *m_stopRecord, *m_play;
@@ -146,5 +148,4 @@ private:
     QString m_file;
     QString m_lastError;
     int m_observer = 0;
-    int m_placed = 0;
 };
