@@ -35,6 +35,9 @@ file(RELATIVE_PATH PHYS_PC_TO_PREFIX /root/${CMAKE_INSTALL_LIBDIR}/pkgconfig /ro
 configure_file(${CMAKE_CURRENT_LIST_DIR}/physicalobject.pc.in ${PROJECT_BINARY_DIR}/physicalobject.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/physicalobject.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)
 
+# The apps find the host library beside them wherever the tree is put (a prefix, a package).
+file(RELATIVE_PATH PHYS_APP_TO_LIB /root/${CMAKE_INSTALL_BINDIR} /root/${CMAKE_INSTALL_LIBDIR})
+set_target_properties(physboard physlab PROPERTIES INSTALL_RPATH "$ORIGIN/${PHYS_APP_TO_LIB}")
 install(TARGETS physboard physlab RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT board)
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/physboard.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT board)
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/physboard.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps

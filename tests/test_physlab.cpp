@@ -103,3 +103,32 @@ TEST(Physlab, ListRenderAndGallery)
     EXPECT_TRUE(QFile::exists(dir.filePath("g/index.html")));
     EXPECT_TRUE(QFile::exists(dir.filePath("g/107-default.png")));
 }
+
+// physlab loads the library as a host does; a wrong one must say what is wrong, not crash.
+TEST(Physlab, AMissingLibraryOrEntryPointIsReportedAndRefused)
+{
+    const auto stderrOf = [](const QStringList &args, const QByteArray &variable = QByteArray()) {
+        QProcess p;
+        if (!variable.isEmpty()) {
+            QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+            env.insert(QStringLiteral("PHYSICALOBJECT_PLUGIN"), QString::fromUtf8(variable));
+            p.setProcessEnvironment(env);
+        }
+        p.start(QStringLiteral(PHYSLAB_PATH), args);
+        p.waitForFinished(60000);
+        EXPECT_EQ(p.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(p.exitCode(), 2) << args.join(' ').toStdString();
+        EXPECT_TRUE(p.readAllStandardOutput().isEmpty());
+        return QString::fromUtf8(p.readAllStandardError());
+    };
+    EXPECT_TRUE(stderrOf({"--library", "/no/such/libphysicalobject.so.1", "list"}).contains("does not exist"));
+    EXPECT_TRUE(stderrOf({"list"}, "/no/such/folder").contains("does not exist"));
+    const QString noEntries = stderrOf({"--library=" HOSTLIB_PATH, "list"});
+    EXPECT_TRUE(noEntries.contains("lacks the entry points createObject_physical")) << noEntries.toStdString();
+    QTemporaryDir dir;
+    QFile junk(dir.filePath("libphysicalobject.so.1"));
+    ASSERT_TRUE(junk.open(QIODevice::WriteOnly));
+    junk.write("not a library");
+    junk.close();
+    EXPECT_TRUE(stderrOf({"list"}, dir.path().toUtf8()).contains("cannot load the apparatus library"));
+}

@@ -14,7 +14,7 @@
 #include <QStyleOptionGraphicsItem>
 #include <algorithm>
 #include <cmath>
-#include <physicalobject/physicalobject.h>
+#include <PhysicalPlugin.h>
 #include <svgbase.h>
 
 namespace {
@@ -102,7 +102,7 @@ int terminalCount(const CWBPhysicalObject *obj)
     if (obj->typeId() == BoardPage::kWireType)
         return 2;
     int n = 0;
-    physical_Terminals(obj->typeId(), &n);
+    PhysicalPlugin::terminals(obj->typeId(), &n);
     return n;
 }
 
@@ -137,7 +137,7 @@ BoardPage::~BoardPage() { clearPage(); }
 
 CWBPhysicalObject *BoardPage::create(int typeId, bool defaultSize)
 {
-    CWBPhysicalObject *obj = createObject_physical(0, typeId, defaultSize);
+    CWBPhysicalObject *obj = PhysicalPlugin::createObject(typeId, defaultSize);
     if (obj && (!obj->content() || !obj->content()->document())) {
         obj->Release();
         return nullptr;

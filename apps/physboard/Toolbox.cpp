@@ -5,7 +5,7 @@
 #include <QListWidget>
 #include <QMimeData>
 #include <QPainter>
-#include <physicalobject/physicalobject.h>
+#include <PhysicalPlugin.h>
 #include <svgbase.h>
 
 namespace {
@@ -51,7 +51,7 @@ Toolbox::Toolbox(QWidget *parent) : QToolBox(parent)
                 [this](QListWidgetItem *item) { emit placeRequested(item->data(kTypeRole).toInt()); });
     }
     int n = 0;
-    const PhysicalTypeInfo *t = physical_TypeTable(&n);
+    const PhysicalTypeInfo *t = PhysicalPlugin::typeTable(&n);
     for (int i = 0; i < n; ++i) {
         auto *item = new QListWidgetItem(iconFor(t[i].type), QString());
         item->setData(kTypeRole, t[i].type);
@@ -97,7 +97,7 @@ void Toolbox::retranslate()
     for (int g = 0; g < GroupCount; ++g) {
         setItemText(g, Strings::text(QLatin1String(kGroupKeys[g])));
         int n = 0;
-        const PhysicalTypeInfo *t = physical_TypeTable(&n);
+        const PhysicalTypeInfo *t = PhysicalPlugin::typeTable(&n);
         for (int r = 0; r < m_lists[g]->count(); ++r) {
             QListWidgetItem *item = m_lists[g]->item(r);
             const int type = item->data(kTypeRole).toInt();

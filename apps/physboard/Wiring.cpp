@@ -1,7 +1,7 @@
 #include "Wiring.h"
 #include <QGraphicsView>
 #include <cmath>
-#include <physicalobject/physicalobject.h>
+#include <PhysicalPlugin.h>
 #include <svgbase.h>
 #include <svgtinydocument.h>
 
@@ -25,7 +25,7 @@ int terminalCount(CWBPhysicalObject *obj)
     if (isWire(obj))
         return obj->content()->controlNodes().size() >= 4 ? 2 : 0;
     int n = 0;
-    physical_Terminals(obj->typeId(), &n);
+    PhysicalPlugin::terminals(obj->typeId(), &n);
     return n;
 }
 
@@ -38,7 +38,7 @@ bool terminalAt(CWBPhysicalObject *obj, int index, QPointF *scene)
         doc = obj->content()->controlNodes().at(handleOfEnd(index))->rect().center();
     } else {
         int n = 0;
-        doc = physical_Terminals(obj->typeId(), &n)[index];
+        doc = PhysicalPlugin::terminals(obj->typeId(), &n)[index];
     }
     *scene = obj->mapToScene(obj->content()->documentToItem(doc));
     return true;

@@ -4,6 +4,9 @@
 #include "Strings.h"
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <PhysicalPlugin.h>
 #include <QTextStream>
 #include <QTimer>
 #include <cstring>
@@ -39,11 +42,25 @@ int main(int argc, char **argv)
     QCommandLineOption exportTo(QStringLiteral("export"),
                                 QStringLiteral("Write the page to OUT (.pdf, .png or .svg) and quit, showing nothing."),
                                 QStringLiteral("OUT"));
-    cli.addOptions({lang, demo, shot, present, exportTo});
+    QCommandLineOption library(PhysicalPlugin::optionName(),
+                              QStringLiteral("Load the apparatus library from PATH (a file, or its folder) instead of the one "
+                                             "found beside physboard or by its soname; so does the variable %1.")
+                                  .arg(QLatin1String(PhysicalPlugin::environmentName())),
+                              QStringLiteral("PATH"));
+    cli.addOptions({lang, demo, shot, present, exportTo, library});
     cli.addPositionalArgument(QStringLiteral("page"), QStringLiteral("A page file to open."));
     cli.process(app);
 
     QTextStream err(stderr);
+    QString why;
+    if (!PhysicalPlugin::load(cli.value(library), &why)) {
+        err << "physboard: " << why << '\n';
+        err.flush();
+        // A teacher who started the board from a menu sees no terminal.
+        if (!cli.isSet(exportTo) && QGuiApplication::platformName() != QLatin1String("offscreen"))
+            QMessageBox::critical(nullptr, QStringLiteral("physboard"), why);
+        return 2;
+    }
     const QStringList pages = cli.positionalArguments();
     if (cli.isSet(exportTo)) {
         if (pages.size() != 1) {

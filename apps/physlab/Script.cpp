@@ -4,7 +4,7 @@
 #include <QJsonDocument>
 #include <cmath>
 #include <framework.h>
-#include <physicalobject/physicalobject.h>
+#include <PhysicalPlugin.h>
 #include <svgbase.h>
 
 namespace {
@@ -203,7 +203,7 @@ QJsonObject ScriptSession::cmdNew(const QStringList &a)
     int type = 0;
     if (a.size() < 2 || a.size() > 3 || !toInt(a[1], type) || (a.size() == 3 && a[2] != QLatin1String("--default-size")))
         return error(QStringLiteral("usage: new TYPE [--default-size]"));
-    replace(createObject_physical(0, type, a.size() == 3));
+    replace(PhysicalPlugin::createObject(type, a.size() == 3));
     return QJsonObject{{QStringLiteral("content"), m_obj->content() != nullptr}, {QStringLiteral("type"), type}};
 }
 
@@ -331,7 +331,7 @@ QJsonObject ScriptSession::cmdLoad(const QByteArray &data, bool json)
         if (!jsonObj.value(QStringLiteral("svgbase_stream")).isString())
             return error(QStringLiteral("the JSON holds no saved object; nothing was loaded"));
     }
-    CWBPhysicalObject *fresh = createObject_physical(0, m_obj->typeId(), false);
+    CWBPhysicalObject *fresh = PhysicalPlugin::createObject(m_obj->typeId(), false);
     bool ok = false;
     if (fresh->content()) {
         if (json) {

@@ -8,7 +8,7 @@
 #include <QJsonObject>
 #include <QTextStream>
 #include <cstdio>
-#include <physicalobject/physicalobject.h>
+#include <PhysicalPlugin.h>
 
 namespace {
 
@@ -16,7 +16,10 @@ const char *kUsage =
     "usage: physlab list\n"
     "       physlab render TYPE -o FILE.svg|FILE.png [--scale S] [--no-handles]\n"
     "       physlab gallery DIR\n"
-    "       physlab run [FILE]      (script from FILE or standard input)\n";
+    "       physlab run [FILE]      (script from FILE or standard input)\n"
+    "options: --library PATH        the apparatus library (a file, or its folder) to load instead\n"
+    "                               of the one found beside physlab or by its soname; so does\n"
+    "                               the variable PHYSICALOBJECT_PLUGIN\n";
 
 // Characteristic states shown in the gallery besides each apparatus's default.
 struct Scene {
@@ -174,7 +177,7 @@ int fail(const QString &text)
 int list()
 {
     int n = 0;
-    const PhysicalTypeInfo *t = physical_TypeTable(&n);
+    const PhysicalTypeInfo *t = PhysicalPlugin::typeTable(&n);
     QTextStream out(stdout);
     for (int i = 0; i < n; ++i) {
         // Written by hand to keep the key order type, class, name.
@@ -204,7 +207,7 @@ int render(const QStringList &args)
     }
     if (out.isEmpty())
         return fail(QStringLiteral("missing -o FILE\n") + QLatin1String(kUsage));
-    CWBPhysicalObject *obj = createObject_physical(0, type, true);
+    CWBPhysicalObject *obj = PhysicalPlugin::createObject(type, true);
     if (!obj->content()) {
         obj->Release();
         return fail(QStringLiteral("type %1 creates no apparatus (see 'physlab list')").arg(type));
@@ -220,7 +223,7 @@ int gallery(const QString &dirPath)
     if (!dir.mkpath(QStringLiteral(".")))
         return fail(QStringLiteral("cannot create %1").arg(dirPath));
     int n = 0;
-    const PhysicalTypeInfo *t = physical_TypeTable(&n);
+    const PhysicalTypeInfo *t = PhysicalPlugin::typeTable(&n);
     QString html = QStringLiteral("<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\"><title>Apparatus gallery</title>\n"
                                   "<style>body{font-family:sans-serif;margin:2em}figure{display:inline-block;margin:1em;"
                                   "vertical-align:top}img{border:1px solid #ccc;max-width:600px}</style></head><body>\n"
@@ -310,8 +313,23 @@ int main(int argc, char **argv)
     }
     QGuiApplication app(argc, argv);
     QStringList args = app.arguments().mid(1);
-    const QString cmd = args.value(0);
-    args.removeFirst();
+    QString plugin;
+    const QString option = QLatin1String("--") + PhysicalPlugin::optionName();
+    for (int i = 0; i < args.size(); ++i) {
+        if (args[i] == option && i + 1 < args.size()) {
+            plugin = args.takeAt(i + 1);
+            args.removeAt(i);
+            break;
+        }
+        if (args[i].startsWith(option + QLatin1Char('='))) {
+            plugin = args.takeAt(i).mid(option.size() + 1);
+            break;
+        }
+    }
+    QString error;
+    if (!PhysicalPlugin::load(plugin, &error))
+        return fail(error);
+    const QString cmd = args.isEmpty() ? QString() : args.takeFirst();
     if (cmd == QLatin1String("list"))
         return list();
     if (cmd == QLatin1String("render"))

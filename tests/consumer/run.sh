@@ -21,4 +21,7 @@ export PKG_CONFIG_PATH="$libdir/pkgconfig"
 c++ -std=c++17 -fPIC "$here/main.cpp" -o "$tmp/pc-consumer" $(pkg-config --cflags --libs physicalobject)
 out=$("$tmp/pc-consumer")
 [ "$out" = "type 109, 1 handles" ] || { echo "pkg-config consumer printed: $out" >&2; exit 1; }
-echo "both consumers built and ran"
+# The installed apps find the installed library beside them, with no library path set.
+n=$(env -u LD_LIBRARY_PATH -u PHYSICALOBJECT_PLUGIN "$tmp/prefix/bin/physlab" list | wc -l)
+[ "$n" -gt 60 ] || { echo "installed physlab listed $n types" >&2; exit 1; }
+echo "both consumers built and ran; the installed physlab loaded the library"
