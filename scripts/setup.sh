@@ -3,7 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-packages=(cmake g++ make pkg-config qtbase5-dev libgtest-dev libbenchmark-dev ccache fonts-liberation libqt5svg5-dev jq libqt5test5 fonts-wqy-microhei librsvg2-bin)
+packages=(cmake g++ make pkg-config qtbase5-dev qttools5-dev qttools5-dev-tools libgtest-dev libbenchmark-dev ccache fonts-liberation libqt5svg5-dev jq libqt5test5 fonts-wqy-microhei librsvg2-bin)
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")

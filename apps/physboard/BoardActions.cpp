@@ -312,7 +312,9 @@ void BoardWindow::restoreSettings()
 {
     // Read everything first: applying the language saves the settings again.
     QSettings s;
-    const bool chinese = s.value(QStringLiteral("language")).toString() == QLatin1String("zh");
+    // The saved choice, else the system's language (main.cpp lets --lang override both).
+    const QString saved = s.value(QStringLiteral("language")).toString();
+    const bool chinese = saved.isEmpty() ? Strings::systemLanguage() == Strings::Chinese : saved == QLatin1String("zh");
     const QByteArray geometry = s.value(QStringLiteral("geometry")).toByteArray();
     const QByteArray state = s.value(QStringLiteral("windowState")).toByteArray();
     m_lastFolder = s.value(QStringLiteral("lastFolder")).toString();

@@ -1,6 +1,7 @@
 #pragma once
 // Every text the board shows, in English and Simplified Chinese: the library's
 // string-resource keys ("IDS_..."), the apparatus names and the board's own labels.
+// Translators edit translations/physboard_*.ts with Qt Linguist; lrelease compiles them.
 #include <QString>
 #include <QStringList>
 
@@ -10,6 +11,8 @@ enum Language { English = 0, Chinese = 1 };
 
 Language language();
 void setLanguage(Language lang);
+// The language of the system's locale: Chinese for any Chinese locale, else English.
+Language systemLanguage();
 
 // The text of a key in the current (or the given) language. A key the table lacks
 // never shows raw: it is turned into readable words.
@@ -28,7 +31,8 @@ QString label(const QString &keyOrText);
 QString typeName(int typeId, const char *fallback = nullptr);
 bool hasTypeName(int typeId, Language lang);
 
-// Every key of the table (for checks).
-QStringList keys();
+// The keys asked for since clearMissing() that had no text in the language asked for.
+QStringList missing();
+void clearMissing();
 
 } // namespace Strings

@@ -34,7 +34,7 @@ int main(int argc, char **argv)
     QCommandLineParser cli;
     cli.setApplicationDescription(QStringLiteral("A board on which apparatus are placed, dragged and edited."));
     cli.addHelpOption();
-    QCommandLineOption lang(QStringLiteral("lang"), QStringLiteral("Language: en or zh (default: as last time)."), QStringLiteral("code"));
+    QCommandLineOption lang(QStringLiteral("lang"), QStringLiteral("Language: en or zh (default: as last time, else the system's)."), QStringLiteral("code"));
     QCommandLineOption demo(QStringLiteral("demo"), QStringLiteral("Start with a page of several apparatus."));
     QCommandLineOption shot(QStringLiteral("screenshot"), QStringLiteral("Save a picture of the window to FILE and quit."),
                             QStringLiteral("FILE"));
