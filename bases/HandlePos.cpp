@@ -349,4 +349,14 @@ int wholeDegrees(double angle)
     return d;
 }
 
+double exactPercent(CSVGBase &obj, int index, Axis axis, double pos)
+{
+    QSvgNode *h = obj.controlNodes().value(index);
+    if (!h)
+        return 0;
+    const double lo = lowBound(obj, h, axis), hi = highBound(obj, h, axis);
+    // Rounding in the travel must not read as a place past either end.
+    return hi > lo ? std::max(0.0, std::min(100.0, (pos - lo) * 100 / (hi - lo))) : 0;
+}
+
 } // namespace HandlePos

@@ -130,4 +130,8 @@ void turnTo(CSVGBase &obj, int index, QPointF pivot, double angle, bool &guard);
 // An angle as the panel shows it: whole degrees in (-180, 180], so -180 reads 180.
 int wholeDegrees(double angle);
 
+// A handle's place pos along axis as an exact share of its travel, 0 to 100 (a slider
+// saved to the last bit); 0 for a missing handle or an empty travel.
+double exactPercent(CSVGBase &obj, int index, Axis axis, double pos);
+
 } // namespace HandlePos
