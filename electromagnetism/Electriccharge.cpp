@@ -68,6 +68,7 @@ void CElectriccharge::SVGInit(bool, bool)
 {
     // The host's colour paints the field lines; sphere and sign keep theirs.
     HostPaint::only(m_pDocument, {"line_1"});
+    paintSign();
     layout(false);
 }
 
@@ -109,12 +110,6 @@ void CElectriccharge::layout(bool bFinal)
                                         f(kCx + ux * tip), f(kCy + uy * tip), f(bx - uy * 4.2), f(by + ux * 4.2), f(bx + uy * 4.2))
                                    .arg(f(by - ux * 4.2)));
     }
-    if (QSvgNode *sphere = m_pDocument->namedNode(QStringLiteral("sphere"))) {
-        sphere->setAttribute(QStringLiteral("fill"), positive() ? QStringLiteral("url(#positive)") : QStringLiteral("url(#negative)"));
-        sphere->setStrokeColor(positive() ? QColor(0x5A, 0x10, 0x10) : QColor(0x0B, 0x25, 0x5C));
-    }
-    if (QSvgNode *s = m_pDocument->namedNode(QStringLiteral("sign")))
-        s->setAttribute(QStringLiteral("d"), positive() ? QStringLiteral("M119,126H133M126,119V133") : QStringLiteral("M119,126H133"));
     Resize(bFinal);
     repaint();
 }
@@ -141,7 +136,24 @@ void CElectriccharge::UpdateCheckBox(bool)
     repaint();
 }
 
-void CElectriccharge::UpdateCombobox(bool) { layout(true); }
+// The sphere's colour and sign change with the sign alone, never in a drag.
+void CElectriccharge::paintSign()
+{
+    if (QSvgNode *sphere = m_pDocument->namedNode(QStringLiteral("sphere"))) {
+        sphere->setAttribute(QStringLiteral("fill"), positive() ? QStringLiteral("url(#positive)") : QStringLiteral("url(#negative)"));
+        sphere->setStrokeColor(positive() ? QColor(0x5A, 0x10, 0x10) : QColor(0x0B, 0x25, 0x5C));
+    }
+    if (QSvgNode *s = m_pDocument->namedNode(QStringLiteral("sign")))
+        s->setAttribute(QStringLiteral("d"), positive() ? QStringLiteral("M119,126H133M126,119V133") : QStringLiteral("M119,126H133"));
+}
+
+void CElectriccharge::UpdateCombobox(bool)
+{
+    if (!m_pDocument)
+        return;
+    paintSign();
+    layout(true);
+}
 
 void CElectriccharge::GetSettingArray(QJsonArray &array)
 {
