@@ -192,8 +192,10 @@ void CMagneticfield::relayout(bool bFinal)
     const bool lines = kind >= Right;
     const bool rows = kind == Right || kind == Left;
     const int count = !lines ? g.count() : rows ? g.rows.count : g.columns.count;
-    const bool same = !lines && m_layout.kind == kind && m_layout.spacing == s && m_layout.columns == g.columns.count;
-    if (same && m_layout.count == count) { // the grid is as it was: the group's move was all
+    // A line's path holds the region's length along it; a grid mark's, the columns.
+    const double across = !lines ? g.columns.count : rows ? r.width() : r.height();
+    const bool same = m_layout.kind == kind && m_layout.spacing == s && m_layout.across == across;
+    if (same && m_layout.count == count) { // the marks are as they were: the group's move was all
         Resize(bFinal);
         return;
     }
@@ -217,7 +219,7 @@ void CMagneticfield::relayout(bool bFinal)
         }
         marks[i]->setAttribute(QStringLiteral("d"), d);
     }
-    m_layout = {kind, s, columns, int(marks.size())};
+    m_layout = {kind, s, across, int(marks.size())};
     Resize(bFinal);
 }
 
