@@ -44,6 +44,7 @@ set(PHYS_SOURCES
   bases/PanelItems.cpp
   bases/Poles.cpp
   bases/Pulleys.cpp
+  bases/FieldLines.cpp
   bases/Series.cpp
   bases/ShownValues.cpp
   bases/UprightText.cpp
@@ -64,6 +65,7 @@ set(PHYS_SOURCES
   bases/PanelItems.h
   bases/Poles.h
   bases/Pulleys.h
+  bases/FieldLines.h
   bases/Series.h
   bases/ShownValues.h
   bases/UprightText.h

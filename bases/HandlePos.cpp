@@ -298,34 +298,6 @@ bool target(CSVGBase &obj, const QMap<QString, QString> &values, const QString &
     return target(obj, {{QStringLiteral("idPosValue"), it.value()}}, index, axis, mirrored, pos, reading);
 }
 
-bool typed(const QMap<QString, QString> &values, const QString &key, int lo, int hi, int &value)
-{
-    const auto it = values.constFind(key);
-    if (it == values.cend())
-        return false;
-    bool ok = false;
-    const double v = it.value().trimmed().toDouble(&ok);
-    if (!ok || !std::isfinite(v))
-        return false;
-    value = int(std::max(double(lo), std::min(double(hi), std::round(v))));
-    return true;
-}
-
-Polar settle(CSVGBase &obj, int index, QPointF pivot, const Polar &where)
-{
-    QSvgNode *h = obj.controlNodes().value(index);
-    if (!h)
-        return where;
-    const double r = where.angle * 3.141592653589793 / 180;
-    const QPointF wanted(pivot.x() + std::cos(r) * where.distance, pivot.y() - std::sin(r) * where.distance);
-    const QPointF d = h->rect().center() - wanted;
-    // Within a rounding error it already stands there: moving it by that error would
-    // make a reload draw differently from the drawing it saved.
-    if (std::fabs(d.x()) > 1e-7 || std::fabs(d.y()) > 1e-7)
-        placeAt(obj, index, pivot, where);
-    return polar(obj, index, pivot);
-}
-
 void turnTo(CSVGBase &obj, int index, QPointF pivot, double angle, bool &guard)
 {
     QSvgNode *h = obj.controlNodes().value(index);
@@ -337,16 +309,14 @@ void turnTo(CSVGBase &obj, int index, QPointF pivot, double angle, bool &guard)
            QPointF(pivot.x() + std::cos(r) * d - size.width() / 2, pivot.y() - std::sin(r) * d - size.height() / 2), guard);
 }
 
-int wholeDegrees(double angle)
+double exactPercent(CSVGBase &obj, int index, Axis axis, double pos)
 {
-    if (!std::isfinite(angle))
+    QSvgNode *h = obj.controlNodes().value(index);
+    if (!h)
         return 0;
-    int d = int(std::lround(std::fmod(angle, 360.0)));
-    if (d <= -180)
-        d += 360;
-    else if (d > 180)
-        d -= 360;
-    return d;
+    const double lo = lowBound(obj, h, axis), hi = highBound(obj, h, axis);
+    // Rounding in the travel must not read as a place past either end.
+    return hi > lo ? std::max(0.0, std::min(100.0, (pos - lo) * 100 / (hi - lo))) : 0;
 }
 
 } // namespace HandlePos

@@ -116,18 +116,11 @@ void appendInput(CSVGBase &obj, QJsonArray &array, const QString &key, const QSt
 // The same as target for a percentage typed under another key.
 bool target(CSVGBase &obj, const QMap<QString, QString> &values, const QString &key, int index, Axis axis, bool mirrored,
             double &pos, Reading reading = Decimal);
-// A whole number typed under key: a decimal, rounded and held to [lo, hi]. False when
-// the map has no such key or the text is no number.
-bool typed(const QMap<QString, QString> &values, const QString &key, int lo, int hi, int &value);
-// Puts the handle's centre at `where` unless it already stands there (to within a
-// rounding error), and returns where it stands then. A drawing made from what this
-// returns follows from the handle's place alone: a reload that puts the handle back
-// where it was draws exactly the same.
-Polar settle(CSVGBase &obj, int index, QPointF pivot, const Polar &where);
 // Turns the handle to `angle` about the pivot at the distance it stands at, and hands
 // the move to updateSVG as a final drag, with `guard` set meanwhile (a typed angle).
 void turnTo(CSVGBase &obj, int index, QPointF pivot, double angle, bool &guard);
-// An angle as the panel shows it: whole degrees in (-180, 180], so -180 reads 180.
-int wholeDegrees(double angle);
+// A handle's place pos along axis as an exact share of its travel, 0 to 100 (a slider
+// saved to the last bit); 0 for a missing handle or an empty travel.
+double exactPercent(CSVGBase &obj, int index, Axis axis, double pos);
 
 } // namespace HandlePos

@@ -14,16 +14,16 @@ CSlideRhostImage::CSlideRhostImage(CSVGObj *owner) : CImageTextBasic(owner)
 {
     m_nFontSize = 10;
     setPostsChangedSettings(true);
-    m_own.write = [this](QDataStream &out) { out << m_dPos; };
+    m_own.write = [this](QDataStream &out) { out << position(); };
     m_own.read = [this](QDataStream &in) {
         in >> m_dLoadedPos;
         return in.status() == QDataStream::Ok && std::isfinite(m_dLoadedPos);
     };
     // The place saved is the one the saved handle stands for, to the last bit.
     m_own.fits = [this](const HostPart &part) {
-        return !part.handles.isEmpty() && m_dLoadedPos == positionAt(part.handles.first().x());
+        return !part.handles.isEmpty() &&
+               m_dLoadedPos == HandlePos::exactPercent(*this, 0, HandlePos::X, part.handles.first().x());
     };
-    m_own.apply = [this]() { m_dPos = m_dLoadedPos; };
 }
 
 CSlideRhostImage::~CSlideRhostImage() = default;
@@ -64,21 +64,13 @@ bool CSlideRhostImage::loadSVG(bool bLoad)
     return loaded;
 }
 
-double CSlideRhostImage::positionAt(double x)
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    const double lo = getXMin(h), hi = getXMax(h);
-    // Rounding in the handle's travel must not read as a place past either end.
-    return hi > lo ? qBound(0.0, (x - lo) * 100 / (hi - lo), 100.0) : 0;
-}
+double CSlideRhostImage::position() { return HandlePos::exactPercent(*this, 0, HandlePos::X, HandlePos::get(*this, 0, HandlePos::X)); }
 
 bool CSlideRhostImage::updateSVG(QSvgNode *node, QPointF, bool)
 {
     if (!node || node != m_controlNodes.value(0) || !m_pDocument)
         return false;
-    const QRectF h = node->rect();
-    m_dPos = positionAt(h.x());
-    const double x = h.center().x();
+    const double x = node->rect().center().x();
     const QString cx = SvgNumbers::format(x);
     if (QSvgNode *lead = m_pDocument->namedNode(QStringLiteral("slider_lead")))
         lead->setAttribute(QStringLiteral("d"), QStringLiteral("M%1,%2H%3V%4")
@@ -110,7 +102,7 @@ void CSlideRhostImage::GetSettingArray(QJsonArray &array)
 {
     CImageTextBasic::GetSettingArray(array);
     HandlePos::appendInput(*this, array, QStringLiteral("IDS_PHYSICSOBJ_SLIDER_POS"),
-                           HandlePos::percentOf(m_dPos, 0, 100));
+                           HandlePos::percentOf(position(), 0, 100));
 }
 
 bool CSlideRhostImage::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)

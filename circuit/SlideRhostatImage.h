@@ -20,12 +20,9 @@ public:
     bool SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo) override;
 
     // The arrow's place along the resistor, 0 at its left end, 100 at its right.
-    double position() const { return m_dPos; }
+    double position();
 
 private:
-    double positionAt(double x);
-
-    double m_dPos = 50;
     double m_dLoadedPos = 50;
     double m_dSavedX = 0;
     bool m_bPosByCode = false;

@@ -1,4 +1,5 @@
 #include "Electriccharge.h"
+#include "bases/FieldLines.h"
 #include "bases/HostPaint.h"
 #include "bases/PanelItems.h"
 #include "bases/Series.h"
@@ -13,7 +14,6 @@ enum { kSign = 5100, kShowLines = 5101, kCount = 5102 };
 constexpr double kCx = 126, kCy = 126, kRadius = 16, kGap = 4, kHandleHalf = 4.5;
 constexpr double kPi = 3.141592653589793;
 const QString kLine = QStringLiteral("line");
-const QString f(double v) { return SvgNumbers::format(v); }
 
 } // namespace
 
@@ -68,6 +68,7 @@ void CElectriccharge::SVGInit(bool, bool)
 {
     // The host's colour paints the field lines; sphere and sign keep theirs.
     HostPaint::only(m_pDocument, {"line_1"});
+    paintSign();
     layout(false);
 }
 
@@ -94,27 +95,15 @@ void CElectriccharge::layout(bool bFinal)
         return;
     const double from = kRadius + kGap, to = from + std::max(0.0, lineLength());
     const int n = lineCount();
-    // Heads point away from + and towards −, two thirds of the way out.
-    const double sign = positive() ? 1 : -1;
-    const double headAt = from + (to - from) * 0.62;
     const QVector<QSvgNode *> lines = Series::fit(*this, kLine, n);
     for (int k = 0; k < lines.size(); ++k) {
         // Anticlockwise from the first, which points right; y grows downwards.
         const double a = 2 * kPi * k / n, ux = std::cos(a), uy = -std::sin(a);
-        const double tip = headAt + 5 * sign, back = headAt - 5 * sign;
-        const double bx = kCx + ux * back, by = kCy + uy * back;
+        // Heads two thirds of the way out, pointing away from + and towards −.
         lines[k]->setAttribute(QStringLiteral("d"),
-                               QStringLiteral("M%1,%2L%3,%4M%5,%6L%7,%8L%9,%10Z")
-                                   .arg(f(kCx + ux * from), f(kCy + uy * from), f(kCx + ux * to), f(kCy + uy * to),
-                                        f(kCx + ux * tip), f(kCy + uy * tip), f(bx - uy * 4.2), f(by + ux * 4.2), f(bx + uy * 4.2))
-                                   .arg(f(by - ux * 4.2)));
+                               FieldLines::arrowed(QPointF(kCx + ux * from, kCy + uy * from),
+                                                   QPointF(kCx + ux * to, kCy + uy * to), 0.62, !positive(), 4.2));
     }
-    if (QSvgNode *sphere = m_pDocument->namedNode(QStringLiteral("sphere"))) {
-        sphere->setAttribute(QStringLiteral("fill"), positive() ? QStringLiteral("url(#positive)") : QStringLiteral("url(#negative)"));
-        sphere->setStrokeColor(positive() ? QColor(0x5A, 0x10, 0x10) : QColor(0x0B, 0x25, 0x5C));
-    }
-    if (QSvgNode *s = m_pDocument->namedNode(QStringLiteral("sign")))
-        s->setAttribute(QStringLiteral("d"), positive() ? QStringLiteral("M119,126H133M126,119V133") : QStringLiteral("M119,126H133"));
     Resize(bFinal);
     repaint();
 }
@@ -141,7 +130,24 @@ void CElectriccharge::UpdateCheckBox(bool)
     repaint();
 }
 
-void CElectriccharge::UpdateCombobox(bool) { layout(true); }
+// The sphere's colour and sign change with the sign alone, never in a drag.
+void CElectriccharge::paintSign()
+{
+    if (QSvgNode *sphere = m_pDocument->namedNode(QStringLiteral("sphere"))) {
+        sphere->setAttribute(QStringLiteral("fill"), positive() ? QStringLiteral("url(#positive)") : QStringLiteral("url(#negative)"));
+        sphere->setStrokeColor(positive() ? QColor(0x5A, 0x10, 0x10) : QColor(0x0B, 0x25, 0x5C));
+    }
+    if (QSvgNode *s = m_pDocument->namedNode(QStringLiteral("sign")))
+        s->setAttribute(QStringLiteral("d"), positive() ? QStringLiteral("M119,126H133M126,119V133") : QStringLiteral("M119,126H133"));
+}
+
+void CElectriccharge::UpdateCombobox(bool)
+{
+    if (!m_pDocument)
+        return;
+    paintSign();
+    layout(true);
+}
 
 void CElectriccharge::GetSettingArray(QJsonArray &array)
 {

@@ -30,6 +30,7 @@ public:
 
 private:
     void layout(bool bFinal);
+    void paintSign();
 
     bool m_bPosByCode = false;
 };

@@ -220,9 +220,9 @@ bool CLight::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool 
     const auto on = values.constFind(kOnKey);
     if (on != values.cend())
         AttrValue::apply(*this, PROP_ON, OwnValue::switchText(*on), bRecord, bUndo);
-    int b = 0;
-    if (HandlePos::typed(values, kBrightnessKey, 0, 100, b))
-        AttrValue::apply(*this, PROP_BRIGHTNESS, b, bRecord, bUndo);
+    double b = 0;
+    if (HandlePos::typedNumber(values, kBrightnessKey, 0, 100, true, b))
+        AttrValue::apply(*this, PROP_BRIGHTNESS, int(b), bRecord, bUndo);
     return true;
 }
 

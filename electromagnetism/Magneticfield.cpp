@@ -1,4 +1,5 @@
 #include "Magneticfield.h"
+#include "bases/FieldLines.h"
 #include "bases/PanelItems.h"
 #include "bases/Series.h"
 #include <QJsonArray>
@@ -13,33 +14,14 @@ enum Kind { Cross, Dot, Right, Left, Up, Down };
 const QString kMark = QStringLiteral("mark");
 constexpr double kHandleHalf = 4.5;
 
-// Marks are written often and in their thousands: whole numbers, the usual case on a
-// grid of whole spacings, skip the shortest-exact search.
-void add(QString &d, double v)
-{
-    const double r = std::round(v);
-    if (r == v && std::fabs(v) < 1e9)
-        d += QString::number(qint64(r));
-    else
-        d += SvgNumbers::format(v);
-}
-
-void addPoint(QString &d, QChar cmd, double x, double y)
-{
-    d += cmd;
-    add(d, x);
-    d += QLatin1Char(',');
-    add(d, y);
-}
-
 QString cross(QPointF c, double a)
 {
     QString d;
     d.reserve(48);
-    addPoint(d, QLatin1Char('M'), c.x() - a, c.y() - a);
-    addPoint(d, QLatin1Char('L'), c.x() + a, c.y() + a);
-    addPoint(d, QLatin1Char('M'), c.x() - a, c.y() + a);
-    addPoint(d, QLatin1Char('L'), c.x() + a, c.y() - a);
+    FieldLines::point(d, QLatin1Char('M'), c.x() - a, c.y() - a);
+    FieldLines::point(d, QLatin1Char('L'), c.x() + a, c.y() + a);
+    FieldLines::point(d, QLatin1Char('M'), c.x() - a, c.y() + a);
+    FieldLines::point(d, QLatin1Char('L'), c.x() + a, c.y() - a);
     return d;
 }
 
@@ -47,33 +29,14 @@ QString dot(QPointF c, double r)
 {
     QString d;
     d.reserve(64);
-    addPoint(d, QLatin1Char('M'), c.x() - r, c.y());
+    FieldLines::point(d, QLatin1Char('M'), c.x() - r, c.y());
     const QString arc = QStringLiteral("a%1,%1 0 1 0 ").arg(r);
     d += arc;
-    add(d, 2 * r);
+    FieldLines::number(d, 2 * r);
     d += QLatin1String(",0");
     d += arc;
-    add(d, -2 * r);
+    FieldLines::number(d, -2 * r);
     d += QLatin1String(",0Z");
-    return d;
-}
-
-// A field line from `from` to `to` with a filled head at its middle, pointing to `to`.
-QString arrowLine(QPointF from, QPointF to)
-{
-    const QPointF mid = (from + to) / 2;
-    const double len = std::hypot(to.x() - from.x(), to.y() - from.y());
-    const QPointF u = len > 0 ? (to - from) / len : QPointF(1, 0);
-    const QPointF n(-u.y(), u.x());
-    const QPointF tip = mid + u * 5, back = mid - u * 5;
-    QString d;
-    d.reserve(96);
-    addPoint(d, QLatin1Char('M'), from.x(), from.y());
-    addPoint(d, QLatin1Char('L'), to.x(), to.y());
-    addPoint(d, QLatin1Char('M'), tip.x(), tip.y());
-    addPoint(d, QLatin1Char('L'), back.x() + n.x() * 4.5, back.y() + n.y() * 4.5);
-    addPoint(d, QLatin1Char('L'), back.x() - n.x() * 4.5, back.y() - n.y() * 4.5);
-    d += QLatin1Char('Z');
     return d;
 }
 
@@ -183,17 +146,19 @@ void CMagneticfield::relayout(bool bFinal)
     // multiples of half the spacing.
     const double ox = g.columns.first - s / 2, oy = g.rows.first - s / 2;
     QString t = QStringLiteral("translate(");
-    add(t, r.x() + ox);
+    FieldLines::number(t, r.x() + ox);
     t += QLatin1Char(',');
-    add(t, r.y() + oy);
+    FieldLines::number(t, r.y() + oy);
     t += QLatin1Char(')');
     group->setAttribute(QStringLiteral("transform"), t);
 
     const bool lines = kind >= Right;
     const bool rows = kind == Right || kind == Left;
     const int count = !lines ? g.count() : rows ? g.rows.count : g.columns.count;
-    const bool same = !lines && m_layout.kind == kind && m_layout.spacing == s && m_layout.columns == g.columns.count;
-    if (same && m_layout.count == count) { // the grid is as it was: the group's move was all
+    // A line's path holds the region's length along it; a grid mark's, the columns.
+    const double across = !lines ? g.columns.count : rows ? r.width() : r.height();
+    const bool same = m_layout.kind == kind && m_layout.spacing == s && m_layout.across == across;
+    if (same && m_layout.count == count) { // the marks are as they were: the group's move was all
         Resize(bFinal);
         return;
     }
@@ -209,15 +174,15 @@ void CMagneticfield::relayout(bool bFinal)
         } else if (rows) {
             const double y = (i + 0.5) * s;
             const QPointF west(-ox, y), east(r.width() - ox, y);
-            d = kind == Right ? arrowLine(west, east) : arrowLine(east, west);
+            d = kind == Right ? FieldLines::arrowed(west, east) : FieldLines::arrowed(east, west);
         } else {
             const double x = (i + 0.5) * s;
             const QPointF north(x, -oy), south(x, r.height() - oy);
-            d = kind == Down ? arrowLine(north, south) : arrowLine(south, north);
+            d = kind == Down ? FieldLines::arrowed(north, south) : FieldLines::arrowed(south, north);
         }
         marks[i]->setAttribute(QStringLiteral("d"), d);
     }
-    m_layout = {kind, s, columns, int(marks.size())};
+    m_layout = {kind, s, across, int(marks.size())};
     Resize(bFinal);
 }
 

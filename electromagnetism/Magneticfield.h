@@ -35,12 +35,12 @@ private:
     // Resizes the region to the handle and refills it with marks.
     void relayout(bool bFinal);
 
-    // What the marks in the drawing were last laid out as: when only rows come or go,
-    // the marks that stay keep their place and their path.
+    // What the marks in the drawing were last laid out as: when only marks at the end
+    // come or go (rows of a grid, lines beside the others), the rest keep their path.
     struct Layout {
         int kind = -1;
         double spacing = 0;
-        int columns = 0;
+        double across = 0; // a grid's columns, or the length the lines run
         int count = 0;
     };
     Layout m_layout;

@@ -19,7 +19,7 @@ CNegativeelectron::CNegativeelectron(CSVGObj *owner) : CBasic(owner)
     setPostsChangedSettings(true);
     setDragSettingTexts([this] {
         return QVector<QPair<QString, QString>>{
-            {QStringLiteral("idAngle"), QString::number(HandlePos::wholeDegrees(angle()))}};
+            {QStringLiteral("idAngle"), QString::number(HandlePos::shownDegrees(angle()))}};
     });
 }
 
@@ -78,7 +78,7 @@ void CNegativeelectron::layout(bool bFinal)
     HandlePos::Polar p = HandlePos::polar(*this, 0, kCentre);
     p.distance = qBound(kMinLength, p.distance, kMaxLength);
     // Back on the tip; what is drawn follows from where the handle then stands.
-    p = HandlePos::settle(*this, 0, kCentre, p);
+    p = HandlePos::putBack(*this, 0, kCentre, p);
     const double tip = kCentre.x() + p.distance;
     if (QSvgNode *v = m_pDocument->namedNode(QStringLiteral("velocity")))
         v->setNumAttribute(QStringLiteral("rotate_angle"), p.angle == 0 ? 0.0 : -p.angle);
@@ -136,14 +136,14 @@ void CNegativeelectron::UpdateCheckBox(bool)
 void CNegativeelectron::GetSettingArray(QJsonArray &array)
 {
     PanelItems::append(*this, array, {{"idShowVelocity", kShowVelocity}});
-    PanelItems::appendAngle(*this, array, HandlePos::wholeDegrees(angle()));
+    PanelItems::appendAngle(*this, array, HandlePos::shownDegrees(angle()));
 }
 
 bool CNegativeelectron::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
     PanelItems::apply(*this, values, {{"idShowVelocity", kShowVelocity}}, bRecord, bUndo);
-    int degrees = 0;
-    if (HandlePos::typed(values, QStringLiteral("idAngle"), -180, 180, degrees))
+    double degrees = 0;
+    if (HandlePos::typedNumber(values, QStringLiteral("idAngle"), -180, 180, true, degrees))
         HandlePos::turnTo(*this, 0, kCentre, degrees, m_bPosByCode);
     return true;
 }

@@ -135,20 +135,15 @@ bool CSlidingRheostat::loadSVG(bool bLoad)
     return r;
 }
 
-double CSlidingRheostat::positionAt(double x)
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    const double lo = getXMin(h), hi = getXMax(h);
-    // Rounding in the handle's travel must not read as a place past either end.
-    return hi > lo ? qBound(0.0, (x - lo) * 100 / (hi - lo), 100.0) : 0;
-}
+double CSlidingRheostat::position() { return HandlePos::exactPercent(*this, 0, HandlePos::X, HandlePos::get(*this, 0, HandlePos::X)); }
+
+int CSlidingRheostat::shownPosition() { return HandlePos::percentOf(position(), 0, 100); }
 
 bool CSlidingRheostat::updateSVG(QSvgNode *node, QPointF, bool)
 {
     if (!node || node != m_controlNodes.value(0) || !m_pDocument)
         return false;
     const QRectF h = node->rect();
-    m_dPos = positionAt(h.x());
     if (QSvgNode *slider = m_pDocument->namedNode(QStringLiteral("slider")))
         slider->setAttribute(QStringLiteral("transform"),
                              QStringLiteral("translate(%1,0)").arg(SvgNumbers::format(h.center().x() - kSliderDrawnAt)));
@@ -171,7 +166,7 @@ void CSlidingRheostat::showNames()
 bool CSlidingRheostat::getInnerProperty(int id, QDataStream &out)
 {
     if (id == PROP_POS) {
-        out << int(m_dPos);
+        out << shownPosition();
         return true;
     }
     if (id == PROP_NAMES) {
@@ -194,7 +189,7 @@ bool CSlidingRheostat::setInnerProperty(int id, QDataStream &in, bool bRecord, b
             return false;
         const double x = getXMin(h) + (getXMax(h) - getXMin(h)) * p / 100;
         if (x != h->rect().x()) {
-            OwnValue::noteChange(*this, PROP_POS, int(m_dPos), p, bRecord, bUndo);
+            OwnValue::noteChange(*this, PROP_POS, shownPosition(), p, bRecord, bUndo);
             HandlePos::set(*this, 0, HandlePos::X, x, m_bPosByCode);
         }
         return true;
@@ -232,15 +227,15 @@ void CSlidingRheostat::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    HandlePos::appendInput(*this, array, QStringLiteral("IDS_PHYSICSOBJ_SLIDER_POS"), int(m_dPos));
+    HandlePos::appendInput(*this, array, QStringLiteral("IDS_PHYSICSOBJ_SLIDER_POS"), shownPosition());
     array.append(m_pOwner->GetSettingJsonSwitch(kNamesKey, QStringLiteral("IDS_PHYSICSOBJ_SHOW_TERMINAL_NAMES"), m_bNames));
 }
 
 bool CSlidingRheostat::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    int p = 0;
-    if (HandlePos::typed(values, kPosKey, 0, 100, p))
-        AttrValue::apply(*this, PROP_POS, p, bRecord, bUndo);
+    double p = 0;
+    if (HandlePos::typedNumber(values, kPosKey, 0, 100, true, p))
+        AttrValue::apply(*this, PROP_POS, int(p), bRecord, bUndo);
     const auto names = values.constFind(kNamesKey);
     if (names != values.cend())
         AttrValue::apply(*this, PROP_NAMES, OwnValue::switchText(*names), bRecord, bUndo);
@@ -258,7 +253,7 @@ QString CSlidingRheostat::getPropName(int id)
 
 bool CSlidingRheostat::save(QDataStream &out)
 {
-    out << m_dPos << m_bNames;
+    out << position() << m_bNames;
     return CSVGBase::save(out);
 }
 
@@ -273,10 +268,9 @@ bool CSlidingRheostat::load(QDataStream &in)
     if (!readHostPart(in, part))
         return false;
     // The percentage is the one the saved handle stands for, to the last bit.
-    if (part.handles.isEmpty() || !(pos == positionAt(part.handles.first().x())))
+    if (part.handles.isEmpty() || !(pos == HandlePos::exactPercent(*this, 0, HandlePos::X, part.handles.first().x())))
         return refuseLoad(&in, QStringLiteral("a slider place that is not its handle's"));
     applyLoaded(
         part, [&]() { m_bNames = names; }, [&]() { showNames(); });
-    m_dPos = pos;
     return true;
 }

@@ -29,15 +29,14 @@ public:
     QString getPropName(int id) override;
 
     // The slider's place along the winding, 0 at the left end, 100 at the right.
-    double position() const { return m_dPos; }
+    double position();
     bool namesShown() const { return m_bNames; }
 
 private:
-    // The exact percentage the handle's left edge x stands for.
-    double positionAt(double x);
+    // The whole percentage the panel shows.
+    int shownPosition();
     void showNames();
 
-    double m_dPos = 50;
     bool m_bNames = false;
     bool m_bPosByCode = false;
     double m_dSavedX = 0;

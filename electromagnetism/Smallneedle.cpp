@@ -15,7 +15,7 @@ CSmallneedle::CSmallneedle(CSVGObj *owner) : CBasic(owner)
     setPostsChangedSettings(true);
     setDragSettingTexts([this] {
         return QVector<QPair<QString, QString>>{
-            {QStringLiteral("idAngle"), QString::number(HandlePos::wholeDegrees(angle()))}};
+            {QStringLiteral("idAngle"), QString::number(HandlePos::shownDegrees(angle()))}};
     });
 }
 
@@ -76,19 +76,19 @@ bool CSmallneedle::updateSVG(QSvgNode *node, QPointF, bool)
     if (!node || node != m_controlNodes.value(0) || !m_pDocument)
         return false;
     // Back on its circle; the needle then points where the handle stands.
-    const HandlePos::Polar p = HandlePos::settle(*this, 0, kPin, {HandlePos::polar(*this, 0, kPin).angle, kTip});
+    const HandlePos::Polar p = HandlePos::putBack(*this, 0, kPin, {HandlePos::polar(*this, 0, kPin).angle, kTip});
     if (QSvgNode *needle = m_pDocument->namedNode(QStringLiteral("needle")))
         needle->setNumAttribute(QStringLiteral("rotate_angle"), p.angle == 0 ? 0.0 : -p.angle);
     repaint();
     return true;
 }
 
-void CSmallneedle::GetSettingArray(QJsonArray &array) { PanelItems::appendAngle(*this, array, HandlePos::wholeDegrees(angle())); }
+void CSmallneedle::GetSettingArray(QJsonArray &array) { PanelItems::appendAngle(*this, array, HandlePos::shownDegrees(angle())); }
 
 bool CSmallneedle::SetSettingArray(QMap<QString, QString> &values, bool, bool)
 {
-    int degrees = 0;
-    if (HandlePos::typed(values, QStringLiteral("idAngle"), -180, 180, degrees))
+    double degrees = 0;
+    if (HandlePos::typedNumber(values, QStringLiteral("idAngle"), -180, 180, true, degrees))
         HandlePos::turnTo(*this, 0, kPin, degrees, m_bPosByCode);
     return true;
 }

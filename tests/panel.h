@@ -84,20 +84,6 @@ inline ::testing::AssertionResult reopens(CSVGBase *c)
     return sameDocument(svgText(copy->content()), svgText(c), 0);
 }
 
-// A cut stream is refused and leaves the object as it was.
-inline ::testing::AssertionResult refusesCut(CSVGBase *c, CSVGBase *target)
-{
-    QByteArray bytes = saveBytes(c);
-    const QString before = svgText(target);
-    for (int cut : {1, 5, int(bytes.size()) / 2, int(bytes.size()) - 1}) {
-        QDataStream in(bytes.left(cut));
-        target->load(in);
-        if (svgText(target) != before)
-            return ::testing::AssertionFailure() << "a stream cut at " << cut << " changed the object";
-    }
-    return ::testing::AssertionSuccess();
-}
-
 struct Fixture : ::testing::Test {
     void SetUp() override
     {
@@ -111,6 +97,19 @@ struct Fixture : ::testing::Test {
         return objects.back()->content();
     }
     std::vector<ObjPtr> objects;
+};
+
+// One apparatus of class T and type id Type: `c` as the host sees it, `obj` as itself.
+template <class T, int Type>
+struct Of : Fixture {
+    void SetUp() override
+    {
+        Fixture::SetUp();
+        c = make(Type);
+        obj = static_cast<T *>(c);
+    }
+    CSVGBase *c = nullptr;
+    T *obj = nullptr;
 };
 
 } // namespace Panel
