@@ -37,6 +37,13 @@ TEST_F(IndentationTest, TypedPercentagesSetDepthAndWidthWithTheDentCentred)
     EXPECT_EQ(node(c, "control_2")->rect().center(), QPointF(140, 40));
     EXPECT_EQ(dent(o)->sinkAt(100), 24);
     EXPECT_TRUE(poresBelowSurface(dent(o)));
+    // Sand: another look, round grains, still under the pressed surface.
+    const QString sponge = node(c, "material")->attribute("fill");
+    EXPECT_TRUE(typeIn(c, "idMaterial", "1"));
+    EXPECT_NE(node(c, "material")->attribute("fill"), sponge);
+    EXPECT_EQ(num(c, "pore_5", "rx"), num(c, "pore_5", "ry"));
+    EXPECT_TRUE(poresBelowSurface(dent(o)));
+    EXPECT_FALSE(typeIn(c, "idMaterial", "2"));
 }
 
 TEST_F(IndentationTest, NewDentIsCentredAndItsHandlesStopAtTheirEndsPostingTheirOwnValues)
@@ -66,15 +73,4 @@ TEST_F(IndentationTest, NewDentIsCentredAndItsHandlesStopAtTheirEndsPostingTheir
     dent(o)->setControlPos(1, 1e9);
     EXPECT_EQ(dent(o)->width(), 200);
     EXPECT_EQ(postedSince(mark), QStringList{"idDepth=0"});
-}
-
-TEST_F(IndentationTest, SandLooksDifferent)
-{
-    ObjPtr o = makeObject(113, true);
-    CSVGBase *c = o->content();
-    const QString sponge = node(c, "material")->attribute("fill");
-    EXPECT_TRUE(typeIn(c, "idMaterial", "1"));
-    EXPECT_NE(node(c, "material")->attribute("fill"), sponge);
-    EXPECT_EQ(num(c, "pore_5", "rx"), num(c, "pore_5", "ry")); // grains are round
-    EXPECT_FALSE(typeIn(c, "idMaterial", "2"));
 }

@@ -53,8 +53,7 @@ TEST_F(WoodTest, DragPostsWidthAndHeightWhenTheyChangeAndThePanelSetsThem)
     drag(c, "control_1", 57, 0);
     EXPECT_EQ(postedSince(mark), QStringList{"idWidth=25"});
     mark = messageCount();
-    drag(c, "control_1", 0.5, 0.5); // neither percentage changes
-    drag(c, "control_1", 0, 28);
+    drag(c, "control_1", 0.5, 28.5); // the width's percentage stays
     EXPECT_EQ(postedSince(mark), QStringList{"idHeight=24"});
     expectTyped(c, "idWidth", {{"100", 600}, {"-1", 30}}, [&] { return wood(o)->width(); });
     expectTyped(c, "idHeight", {{"50.2", 160}, {"tall", 160}}, [&] { return wood(o)->height(); });
