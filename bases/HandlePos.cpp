@@ -128,6 +128,33 @@ void setWithin(CSVGBase &obj, const Slot &slot, double pos, bool &guard)
     set(obj, slot.handle, slot.axis, std::max(lo, std::min(hi, pos)), guard);
 }
 
+void post(CSVGBase &obj, Slots all, int index)
+{
+    if (const Slot *s = all.at(index))
+        post(obj, *s);
+}
+
+double get(const CSVGBase &obj, Slots all, int index)
+{
+    const Slot *s = all.at(index);
+    return s ? get(obj, s->handle, s->axis) : 0;
+}
+
+void setWithin(CSVGBase &obj, Slots all, int index, double pos, bool &guard)
+{
+    if (const Slot *s = all.at(index))
+        setWithin(obj, *s, pos, guard);
+}
+
+void setTyped(CSVGBase &obj, const QMap<QString, QString> &values, Slots all, bool &guard)
+{
+    for (int i = 0; i < all.count; ++i) {
+        double pos = 0;
+        if (target(obj, values, all.first[i], pos))
+            setWithin(obj, all.first[i], pos, guard);
+    }
+}
+
 Polar polar(const CSVGBase &obj, int index, QPointF pivot)
 {
     Polar p;

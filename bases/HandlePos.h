@@ -5,6 +5,7 @@
 #include <QMap>
 #include <QPointF>
 #include <QString>
+#include <cstddef>
 
 class CSVGBase;
 class QJsonArray;
@@ -62,6 +63,21 @@ bool target(CSVGBase &obj, const QMap<QString, QString> &values, const Slot &slo
 void post(CSVGBase &obj, const Slot &slot);
 // Moves the slot's handle to pos, held to its travel (see set).
 void setWithin(CSVGBase &obj, const Slot &slot, double pos, bool &guard);
+
+// An apparatus's slots by index, as posChangedByControl(int) and its siblings take them;
+// an index past them does nothing (reads 0).
+struct Slots {
+    const Slot *first;
+    int count;
+    template <std::size_t N>
+    Slots(const Slot (&s)[N]) : first(s), count(int(N)) {}
+    const Slot *at(int i) const { return i >= 0 && i < count ? first + i : nullptr; }
+};
+void post(CSVGBase &obj, Slots all, int index);
+double get(const CSVGBase &obj, Slots all, int index);
+void setWithin(CSVGBase &obj, Slots all, int index, double pos, bool &guard);
+// Moves every slot's handle to the place its typed percentage asks for.
+void setTyped(CSVGBase &obj, const QMap<QString, QString> &values, Slots all, bool &guard);
 
 // A handle that turns about a pivot (a bar's end, an arrow's tip, a needle's point).
 // Angles are degrees anticlockwise from the positive x axis with y up on screen, in

@@ -22,3 +22,15 @@ void PanelCache::append(QJsonArray &array, int i, const QJsonValue &value, const
     }
     array.append(item.current);
 }
+
+void PanelCache::append(CSVGBase &obj, QJsonArray &array, int first, HandlePos::Slots all)
+{
+    for (int i = 0; i < all.count; ++i) {
+        const HandlePos::Slot &s = all.first[i];
+        append(array, first + i, QString::number(HandlePos::percent(obj, s)), [&obj, &s] {
+            QJsonArray item;
+            HandlePos::appendInput(obj, item, s);
+            return item.first().toObject();
+        });
+    }
+}

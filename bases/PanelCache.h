@@ -7,6 +7,9 @@
 #include <QString>
 #include <QVector>
 #include <functional>
+#include "HandlePos.h"
+
+class CSVGBase;
 
 class PanelCache
 {
@@ -15,6 +18,8 @@ public:
     // `shape` (whatever else the item shows: its options, its range) differs from last time.
     void append(QJsonArray &array, int i, const QJsonValue &value, const std::function<QJsonObject()> &build,
                 const QString &shape = QString());
+    // Appends the slots' percentage inputs as items first, first + 1, ...
+    void append(CSVGBase &obj, QJsonArray &array, int first, HandlePos::Slots all);
 
 private:
     struct Item {

@@ -12,6 +12,8 @@ constexpr double kTop = 0, kWidth = 50, kMinLength = 60, kMaxLength = 1000;
 constexpr double kMargin = 5, kPitch = 4;
 constexpr double kMinor = 8, kMedium = 12, kLong = 17;
 
+const HandlePos::Slot kSlots[] = {{0, HandlePos::Y, "idPosValue", "IDS_PHYSICSOBJ_LENGTH", false}};
+
 double tickLength(int i) { return i % 10 == 0 ? kLong : i % 5 == 0 ? kMedium : kMinor; }
 
 } // namespace
@@ -135,18 +137,11 @@ void Calibration::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
         enclose(h->rect(), topLeft, bottomRight);
 }
 
-int Calibration::percent() { return HandlePos::percent(*this, 0, HandlePos::Y, getControlPos()); }
+void Calibration::posChangedByControl() { HandlePos::post(*this, kSlots, 0); }
 
-void Calibration::posChangedByControl() { postSetting(QStringLiteral("idPosValue"), QString::number(percent())); }
+double Calibration::getControlPos() { return HandlePos::get(*this, kSlots, 0); }
 
-double Calibration::getControlPos() { return HandlePos::get(*this, 0, HandlePos::Y); }
-
-void Calibration::setControlPos(double y)
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    if (h && std::isfinite(y))
-        HandlePos::set(*this, 0, HandlePos::Y, std::max(getYMin(h), std::min(getYMax(h), y)), m_bPosByCode);
-}
+void Calibration::setControlPos(double y) { HandlePos::setWithin(*this, kSlots, 0, y, m_bPosByCode); }
 
 void Calibration::GetSettingArray(QJsonArray &array)
 {
@@ -154,19 +149,13 @@ void Calibration::GetSettingArray(QJsonArray &array)
         return;
     m_panel.append(array, 0, m_attributes.value(kUnitAttr).intValue,
                    [this] { return attributeItem(kUnitAttr, QStringLiteral("idUnit")); });
-    m_panel.append(array, 1, QString::number(percent()), [this] {
-        QJsonArray item;
-        HandlePos::appendInput(*this, item, QStringLiteral("IDS_PHYSICSOBJ_LENGTH"), percent());
-        return item.first().toObject();
-    });
+    m_panel.append(*this, array, 1, kSlots);
 }
 
 bool Calibration::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
     applyAttributeItems(values, {{QStringLiteral("idUnit"), kUnitAttr}}, bRecord, bUndo);
-    double y = 0;
-    if (HandlePos::target(*this, values, 0, HandlePos::Y, false, y, HandlePos::Decimal))
-        setControlPos(y);
+    HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
     return true;
 }
 

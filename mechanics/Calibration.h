@@ -31,7 +31,6 @@ public:
 
     double length() const { return m_dLength; }
     int tickCount() const { return m_nTicks; }
-    int percent();
 
 private:
     void layout();

@@ -173,23 +173,14 @@ void Conveyerbelt::GetSettingArray(QJsonArray &array)
                    [this] { return attributeItem(kDirectionAttr, QStringLiteral("idBeltDirection")); });
     m_panel.append(array, 1, m_attributes.value(kColourAttr).color.name(),
                    [this] { return attributeItem(kColourAttr, QStringLiteral("idBeltColor")); });
-    for (int i = 0; i < 2; ++i)
-        m_panel.append(array, i + 2, QString::number(HandlePos::percent(*this, kSlots[i])), [this, i] {
-            QJsonArray item;
-            HandlePos::appendInput(*this, item, kSlots[i]);
-            return item.first().toObject();
-        });
+    m_panel.append(*this, array, 2, kSlots);
 }
 
 bool Conveyerbelt::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
     applyAttributeItems(values, {{QStringLiteral("idBeltDirection"), kDirectionAttr}, {QStringLiteral("idBeltColor"), kColourAttr}},
                         bRecord, bUndo);
-    for (const HandlePos::Slot &s : kSlots) {
-        double pos = 0;
-        if (HandlePos::target(*this, values, s, pos))
-            HandlePos::setWithin(*this, s, pos, m_bPosByCode);
-    }
+    HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
     return true;
 }
 

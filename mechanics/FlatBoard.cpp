@@ -168,24 +168,11 @@ void CFlatBoard::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
         enclose(h->rect(), topLeft, bottomRight);
 }
 
-void CFlatBoard::posChangedByControl(int index)
-{
-    if (index >= 0 && index < 2)
-        HandlePos::post(*this, kSlots[index]);
-}
+void CFlatBoard::posChangedByControl(int index) { HandlePos::post(*this, kSlots, index); }
 
-double CFlatBoard::getControlPos(int index)
-{
-    if (index < 0 || index >= 2)
-        return 0;
-    return HandlePos::get(*this, kSlots[index].handle, kSlots[index].axis);
-}
+double CFlatBoard::getControlPos(int index) { return HandlePos::get(*this, kSlots, index); }
 
-void CFlatBoard::setControlPos(int index, double pos)
-{
-    if (index >= 0 && index < 2)
-        HandlePos::setWithin(*this, kSlots[index], pos, m_bPosByCode);
-}
+void CFlatBoard::setControlPos(int index, double pos) { HandlePos::setWithin(*this, kSlots, index, pos, m_bPosByCode); }
 
 void CFlatBoard::GetSettingArray(QJsonArray &array)
 {
@@ -194,22 +181,13 @@ void CFlatBoard::GetSettingArray(QJsonArray &array)
     m_panel.append(array, 0, surface(), [this] {
         return attributeItem(kSurfaceAttr, QStringLiteral("idSurface"), QStringLiteral("IDS_PHYSICSOBJ_SURFACE"));
     });
-    for (int i = 0; i < 2; ++i)
-        m_panel.append(array, i + 1, QString::number(HandlePos::percent(*this, kSlots[i])), [this, i] {
-            QJsonArray item;
-            HandlePos::appendInput(*this, item, kSlots[i]);
-            return item.first().toObject();
-        });
+    m_panel.append(*this, array, 1, kSlots);
 }
 
 bool CFlatBoard::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
     applyAttributeItems(values, {{QStringLiteral("idSurface"), kSurfaceAttr}}, bRecord, bUndo);
-    for (int i = 0; i < 2; ++i) {
-        double pos = 0;
-        if (HandlePos::target(*this, values, kSlots[i], pos))
-            setControlPos(i, pos);
-    }
+    HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
     return true;
 }
 

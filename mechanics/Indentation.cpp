@@ -208,24 +208,11 @@ void CIndentation::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight
         enclose(h->rect(), topLeft, bottomRight);
 }
 
-void CIndentation::posChangedByControl(int index)
-{
-    if (index >= 0 && index < 2)
-        HandlePos::post(*this, kSlots[index]);
-}
+void CIndentation::posChangedByControl(int index) { HandlePos::post(*this, kSlots, index); }
 
-double CIndentation::getControlPos(int index)
-{
-    if (index < 0 || index >= 2)
-        return 0;
-    return HandlePos::get(*this, kSlots[index].handle, kSlots[index].axis);
-}
+double CIndentation::getControlPos(int index) { return HandlePos::get(*this, kSlots, index); }
 
-void CIndentation::setControlPos(int index, double pos)
-{
-    if (index >= 0 && index < 2)
-        HandlePos::setWithin(*this, kSlots[index], pos, m_bPosByCode);
-}
+void CIndentation::setControlPos(int index, double pos) { HandlePos::setWithin(*this, kSlots, index, pos, m_bPosByCode); }
 
 void CIndentation::GetSettingArray(QJsonArray &array)
 {
@@ -233,22 +220,13 @@ void CIndentation::GetSettingArray(QJsonArray &array)
         return;
     m_panel.append(array, 0, m_attributes.value(kMaterialAttr).intValue,
                    [this] { return attributeItem(kMaterialAttr, QStringLiteral("idMaterial")); });
-    for (int i = 0; i < 2; ++i)
-        m_panel.append(array, i + 1, QString::number(HandlePos::percent(*this, kSlots[i])), [this, i] {
-            QJsonArray item;
-            HandlePos::appendInput(*this, item, kSlots[i]);
-            return item.first().toObject();
-        });
+    m_panel.append(*this, array, 1, kSlots);
 }
 
 bool CIndentation::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
     applyAttributeItems(values, {{QStringLiteral("idMaterial"), kMaterialAttr}}, bRecord, bUndo);
-    for (int i = 0; i < 2; ++i) {
-        double pos = 0;
-        if (HandlePos::target(*this, values, kSlots[i], pos))
-            setControlPos(i, pos);
-    }
+    HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
     return true;
 }
 

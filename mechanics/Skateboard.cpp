@@ -10,6 +10,8 @@ constexpr int kColourAttr = 5100;
 constexpr double kLeft = 0, kTip = 10, kTop = 18, kBottom = 24, kKick = 24, kWheelY = 33, kWheelR = 7;
 constexpr double kMinL = 100, kMaxL = 600;
 
+const HandlePos::Slot kSlots[] = {{0, HandlePos::X, "idLength", "IDS_PHYSICSOBJ_LENGTH", false}};
+
 QString num(double v) { return SvgNumbers::format(v); }
 
 // The deck's top edge, left tip to right tip: level in the middle, curling up at both
@@ -145,28 +147,19 @@ void CSkateboard::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
         enclose(h->rect(), topLeft, bottomRight);
 }
 
-int CSkateboard::percent() { return HandlePos::percent(*this, 0, HandlePos::X, HandlePos::get(*this, 0, HandlePos::X)); }
-
 void CSkateboard::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
     m_panel.append(array, 0, m_attributes.value(kColourAttr).color.name(),
                    [this] { return attributeItem(kColourAttr, QStringLiteral("idDeckColor")); });
-    m_panel.append(array, 1, QString::number(percent()), [this] {
-        return m_pOwner->GetSettingJsonInput(QStringLiteral("idLength"), QStringLiteral("IDS_PHYSICSOBJ_LENGTH"),
-                                             QString::number(percent()), QStringLiteral("int"), QStringLiteral("0"),
-                                             QStringLiteral("100"), QString());
-    });
+    m_panel.append(*this, array, 1, kSlots);
 }
 
 bool CSkateboard::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
     applyAttributeItems(values, {{QStringLiteral("idDeckColor"), kColourAttr}}, bRecord, bUndo);
-    const HandlePos::Slot length{0, HandlePos::X, "idLength", "IDS_PHYSICSOBJ_LENGTH", false};
-    double x = 0;
-    if (HandlePos::target(*this, values, length, x))
-        HandlePos::setWithin(*this, length, x, m_bPosByCode);
+    HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
     return true;
 }
 

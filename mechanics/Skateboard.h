@@ -24,7 +24,6 @@ public:
     void CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight) override;
 
     double length() const { return m_dLength; }
-    int percent();
 
 private:
     void layout();

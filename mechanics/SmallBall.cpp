@@ -9,6 +9,8 @@ namespace {
 constexpr int kColourAttr = 5100, kCentreAttr = 5101;
 constexpr double kCx = 130, kCy = 130, kMinR = 6, kMaxR = 120;
 
+const HandlePos::Slot kSlots[] = {{0, HandlePos::X, "idPosValue", "IDS_PHYSICSOBJ_SIZE", false}};
+
 // The sphere's shading from its body colour: a pale tint where the light falls and a
 // deep shade on the far side.
 QColor mixed(const QColor &c, const QColor &with, double t)
@@ -125,8 +127,6 @@ void CSmallBall::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
         enclose(h->rect(), topLeft, bottomRight);
 }
 
-int CSmallBall::percent() { return HandlePos::percent(*this, 0, HandlePos::X, HandlePos::get(*this, 0, HandlePos::X)); }
-
 void CSmallBall::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
@@ -135,20 +135,14 @@ void CSmallBall::GetSettingArray(QJsonArray &array)
                    [this] { return attributeItem(kColourAttr, QStringLiteral("idBallColor")); });
     m_panel.append(array, 1, m_attributes.value(kCentreAttr).boolValue,
                    [this] { return attributeItem(kCentreAttr, QStringLiteral("idShowCenter")); });
-    m_panel.append(array, 2, QString::number(percent()), [this] {
-        QJsonArray item;
-        HandlePos::appendInput(*this, item, QStringLiteral("IDS_PHYSICSOBJ_SIZE"), percent());
-        return item.first().toObject();
-    });
+    m_panel.append(*this, array, 2, kSlots);
 }
 
 bool CSmallBall::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
     applyAttributeItems(values, {{QStringLiteral("idBallColor"), kColourAttr}, {QStringLiteral("idShowCenter"), kCentreAttr}},
                         bRecord, bUndo);
-    double x = 0;
-    if (HandlePos::target(*this, values, 0, HandlePos::X, false, x, HandlePos::Decimal))
-        HandlePos::set(*this, 0, HandlePos::X, x, m_bPosByCode);
+    HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
     return true;
 }
 

@@ -25,7 +25,6 @@ public:
     void CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight) override;
 
     double radius() const { return m_dRadius; }
-    int percent();
 
 private:
     void layout();

@@ -10,6 +10,8 @@ constexpr int kColourAttr = 5100, kHookAttr = 5101;
 constexpr double kLeft = 0, kTop = 0, kBodyH = 34, kWheelY = 44, kWheelR = 14;
 constexpr double kMinL = 80, kMaxL = 500, kHookReach = 14;
 
+const HandlePos::Slot kSlots[] = {{0, HandlePos::X, "idLength", "IDS_PHYSICSOBJ_LENGTH", false}};
+
 QString num(double v) { return SvgNumbers::format(v); }
 
 } // namespace
@@ -147,8 +149,6 @@ void CSmallCar::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
         enclose(h->rect(), topLeft, bottomRight);
 }
 
-int CSmallCar::percent() { return HandlePos::percent(*this, 0, HandlePos::X, HandlePos::get(*this, 0, HandlePos::X)); }
-
 void CSmallCar::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
@@ -156,21 +156,14 @@ void CSmallCar::GetSettingArray(QJsonArray &array)
     m_panel.append(array, 0, m_attributes.value(kColourAttr).color.name(),
                    [this] { return attributeItem(kColourAttr, QStringLiteral("idBodyColor")); });
     m_panel.append(array, 1, showsHook(), [this] { return attributeItem(kHookAttr, QStringLiteral("idShowHook")); });
-    m_panel.append(array, 2, QString::number(percent()), [this] {
-        return m_pOwner->GetSettingJsonInput(QStringLiteral("idLength"), QStringLiteral("IDS_PHYSICSOBJ_LENGTH"),
-                                             QString::number(percent()), QStringLiteral("int"), QStringLiteral("0"),
-                                             QStringLiteral("100"), QString());
-    });
+    m_panel.append(*this, array, 2, kSlots);
 }
 
 bool CSmallCar::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
     applyAttributeItems(values, {{QStringLiteral("idBodyColor"), kColourAttr}, {QStringLiteral("idShowHook"), kHookAttr}},
                         bRecord, bUndo);
-    const HandlePos::Slot length{0, HandlePos::X, "idLength", "IDS_PHYSICSOBJ_LENGTH", false};
-    double x = 0;
-    if (HandlePos::target(*this, values, length, x))
-        HandlePos::setWithin(*this, length, x, m_bPosByCode);
+    HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
     return true;
 }
 

@@ -26,7 +26,6 @@ public:
 
     double length() const { return m_dLength; }
     bool showsHook() const;
-    int percent();
 
 private:
     void layout();

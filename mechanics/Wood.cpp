@@ -161,23 +161,14 @@ void CWood::GetSettingArray(QJsonArray &array)
     m_panel.append(array, 0, m_attributes.value(kColourAttr).color.name(),
                    [this] { return attributeItem(kColourAttr, QStringLiteral("idBodyColor")); });
     m_panel.append(array, 1, showsHook(), [this] { return attributeItem(kHookAttr, QStringLiteral("idShowHook")); });
-    for (int i = 0; i < 2; ++i)
-        m_panel.append(array, i + 2, QString::number(HandlePos::percent(*this, kSlots[i])), [this, i] {
-            QJsonArray item;
-            HandlePos::appendInput(*this, item, kSlots[i]);
-            return item.first().toObject();
-        });
+    m_panel.append(*this, array, 2, kSlots);
 }
 
 bool CWood::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
     applyAttributeItems(values, {{QStringLiteral("idBodyColor"), kColourAttr}, {QStringLiteral("idShowHook"), kHookAttr}},
                         bRecord, bUndo);
-    for (const HandlePos::Slot &s : kSlots) {
-        double pos = 0;
-        if (HandlePos::target(*this, values, s, pos))
-            HandlePos::setWithin(*this, s, pos, m_bPosByCode);
-    }
+    HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
     return true;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 // Panel-side helpers for the apparatus suites: what an item shows, typing into it, what
-// a drag posted, capture and restore, and the exact state of an object.
+// a drag posted, and what typed values set.
 #include "helpers.h"
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -21,14 +21,6 @@ inline QString shown(CSVGBase *c, const QString &key)
     return QString();
 }
 
-inline QJsonObject settingItem(CSVGBase *c, const QString &key)
-{
-    for (const QJsonValue &v : settingsOf(c))
-        if (v.toObject().value(QStringLiteral("id")).toString() == key)
-            return v.toObject();
-    return QJsonObject();
-}
-
 // Types values into the panel as a user does: through the edit path.
 inline bool typeIn(CSVGBase *c, const QMap<QString, QString> &values) { return c->editSettings(values); }
 inline bool typeIn(CSVGBase *c, const QString &key, const QString &value) { return typeIn(c, {{key, value}}); }
@@ -47,20 +39,27 @@ inline QStringList postedSince(int mark)
     return out;
 }
 
-inline void capture(CSVGBase *c)
-{
-    QByteArray none;
-    QDataStream in(&none, QIODevice::ReadOnly);
-    c->SetAttribute(CSVGBase::ATTR_CAPTURE, in, false, false);
-}
-
 inline double num(CSVGBase *c, const char *id, const char *attr) { return node(c, id)->numAttribute(QLatin1String(attr)); }
 
-// A drag in several steps, as a hand makes it, the last one final.
-inline void dragInSteps(CSVGBase *c, const char *handle, QPointF total, int steps = 4)
+// Checks what several items show, given as "idA=1 idB=#c8a165 idC=".
+inline void expectShown(CSVGBase *c, const QString &pairs)
 {
-    for (int i = 0; i < steps; ++i)
-        c->moveControlPoint(node(c, handle), total / steps, i + 1 == steps);
+    for (const QString &p : pairs.split(QLatin1Char(' '), Qt::SkipEmptyParts))
+        EXPECT_EQ(shown(c, p.section(QLatin1Char('='), 0, 0)), p.section(QLatin1Char('='), 1)) << qPrintable(p);
+}
+
+// Types each text under key in turn, checks what `quantity` then reads, and that none
+// of it was echoed back to the panel.
+template <typename Quantity>
+void expectTyped(CSVGBase *c, const QString &key, std::initializer_list<std::pair<const char *, double>> rows,
+                 Quantity quantity)
+{
+    const int mark = messageCount();
+    for (const auto &r : rows) {
+        typeIn(c, key, QString::fromUtf8(r.first));
+        EXPECT_NEAR(quantity(), r.second, 1e-9) << qPrintable(key) << "=" << r.first;
+    }
+    EXPECT_EQ(postedSince(mark), QStringList());
 }
 
 // Fixture: a clean undo stack, records and messages for every case.
@@ -71,21 +70,4 @@ struct ApparatusTest : ::testing::Test {
         GetFramework()->clearRecords();
         GetFramework()->clearMessages();
     }
-    void TearDown() override { GetFramework()->undoStack()->clear(); }
-    static QUndoStack *undoStack() { return GetFramework()->undoStack(); }
 };
-
-// Saved, loaded into a new object: the same bytes again, the same drawing, and the same
-// drawing again after one more drag of `handle` on both.
-inline void expectReopensAndDragsAlike(CSVGBase *c, const char *handle, QPointF delta)
-{
-    const QByteArray bytes = saveBytes(c);
-    ObjPtr copy = loadBytes(c->getSVGType(), bytes);
-    ASSERT_TRUE(copy->content()->lastLoadOk()) << qPrintable(copy->content()->lastLoadError());
-    EXPECT_EQ(saveBytes(copy->content()), bytes);
-    EXPECT_EQ(svgText(copy->content()), svgText(c));
-    drag(c, handle, delta.x(), delta.y());
-    drag(copy->content(), handle, delta.x(), delta.y());
-    EXPECT_EQ(svgText(copy->content()), svgText(c));
-    EXPECT_EQ(saveBytes(copy->content()), saveBytes(c));
-}

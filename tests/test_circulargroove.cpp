@@ -1,5 +1,5 @@
 // The circular groove: the radius its rim handle and the panel set about a fixed centre,
-// the three shapes with the handle on the rim of each, colour, capture and reopening.
+// the three shapes with the handle on the rim of each, and colour.
 #include "panelhelpers.h"
 #include <QColor>
 #include <mechanics/CircularGroove.h>
@@ -18,19 +18,6 @@ struct Case {
 class GrooveShapes : public GrooveTest, public ::testing::WithParamInterface<Case> {};
 
 } // namespace
-
-TEST_F(GrooveTest, NewGrooveIsAHalfCircleOfRadiusEighty)
-{
-    ObjPtr o = makeObject(112, true);
-    CSVGBase *c = o->content();
-    EXPECT_EQ(groove(o)->radius(), 80);
-    EXPECT_EQ(groove(o)->shape(), CircularGroove::Half);
-    EXPECT_EQ(node(c, "control_1")->rect().center(), kCentre + QPointF(80, 0));
-    EXPECT_EQ(node(c, "track")->attribute("d"), "M280,10A80,80 0 0 0 440,10");
-    EXPECT_EQ(shown(c, "idGrooveShape"), "0");
-    EXPECT_EQ(shown(c, "idBlockColor"), "#c8a165");
-    EXPECT_EQ(shown(c, "idRadius"), "21"); // (80 - 20) / 280
-}
 
 TEST_P(GrooveShapes, RimHandleSetsTheRadiusOnItsShapesSide)
 {
@@ -60,57 +47,19 @@ INSTANTIATE_TEST_SUITE_P(CircularGroove, GrooveShapes, ::testing::Values(
     Case{0, 40, 120}, Case{0, -1000, 20}, Case{0, 1000, 300}, Case{1, -40, 120}, Case{1, 40, 40},
     Case{1, -1000, 300}, Case{1, 1000, 20}, Case{2, 12.5, 92.5}, Case{2, -70, 20}));
 
-TEST_F(GrooveTest, TypedRadiusShapeAndColourAreUndoStepsWithoutEcho)
+TEST_F(GrooveTest, TypedRadiusKeepsItsShapesSideAndADragPostsIt)
 {
     ObjPtr o = makeObject(112, true);
     CSVGBase *c = o->content();
-    const int mark = messageCount();
-    typeIn(c, "idRadius", "100");
-    EXPECT_EQ(groove(o)->radius(), 300);
+    expectShown(c, "idGrooveShape=0 idBlockColor=#c8a165 idRadius=21");
+    int mark = messageCount();
+    drag(c, "control_1", 60, 0);
+    EXPECT_EQ(postedSince(mark), QStringList{"idRadius=42"}); // 140
     typeIn(c, "idGrooveShape", "1");
-    EXPECT_EQ(groove(o)->radius(), 300);
-    typeIn(c, "idRadius", "50");
-    EXPECT_EQ(groove(o)->radius(), 160);
-    EXPECT_EQ(node(c, "control_1")->rect().center().x(), 200);
-    typeIn(c, "idRadius", "wide");
-    typeIn(c, "idRadius", "-9");
-    EXPECT_EQ(groove(o)->radius(), 20);
+    expectTyped(c, "idRadius", {{"100", 300}, {"50", 160}, {"wide", 160}, {"-9", 20}, {"24.6", 90}},
+                [&] { return groove(o)->radius(); });
+    EXPECT_EQ(node(c, "control_1")->rect().center(), kCentre - QPointF(90, 0));
     EXPECT_FALSE(typeIn(c, "idGrooveShape", "3"));
     EXPECT_TRUE(typeIn(c, "idBlockColor", "#9ea7b0"));
     EXPECT_EQ(node(c, "groove")->fillColor(), QColor("#9ea7b0"));
-    EXPECT_EQ(postedSince(mark), QStringList());
-    undoStack()->undo();
-    undoStack()->undo();
-    EXPECT_EQ(groove(o)->radius(), 160);
-    undoStack()->undo();
-    undoStack()->undo();
-    EXPECT_EQ(groove(o)->shape(), CircularGroove::Half);
-    EXPECT_EQ(node(c, "control_1")->rect().center().x(), 660);
-}
-
-TEST_F(GrooveTest, DragPostsTheRadiusWhenItChanges)
-{
-    ObjPtr o = makeObject(112, true);
-    CSVGBase *c = o->content();
-    int mark = messageCount();
-    drag(c, "control_1", 1, 0); // 81: still 21 %
-    EXPECT_EQ(postedSince(mark), QStringList());
-    drag(c, "control_1", 59, 0);
-    EXPECT_EQ(postedSince(mark), QStringList{"idRadius=42"}); // 140
-}
-
-TEST_F(GrooveTest, RestoreAndReopenGiveTheSameGroove)
-{
-    ObjPtr o = makeObject(112, true);
-    CSVGBase *c = o->content();
-    typeIn(c, {{"idGrooveShape", "1"}, {"idBlockColor", "#445566"}, {"idRadius", "64"}});
-    const QString captured = svgText(c);
-    capture(c);
-    typeIn(c, {{"idGrooveShape", "2"}, {"idBlockColor", "#000000"}, {"idRadius", "4"}});
-    EXPECT_TRUE(c->editRestore());
-    EXPECT_TRUE(sameDocument(svgText(c), captured));
-    dragInSteps(c, "control_1", QPointF(33.7, 0));
-    expectReopensAndDragsAlike(c, "control_1", QPointF(-71.3, 0));
-    typeIn(c, "idGrooveShape", "2");
-    expectReopensAndDragsAlike(c, "control_1", QPointF(17, 0));
 }

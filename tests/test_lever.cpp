@@ -1,6 +1,5 @@
 // The lever: tilt and holes per side from the right end's handle and from the panel,
-// the holes placed at equal pitch with none at the pivot, what a drag posts, capture and
-// reopening.
+// the holes placed at equal pitch with none at the pivot, and what a drag posts.
 #include "panelhelpers.h"
 #include <QColor>
 #include <cmath>
@@ -33,22 +32,6 @@ class LeverDrag : public LeverTest, public ::testing::WithParamInterface<Pull> {
 
 } // namespace
 
-TEST_F(LeverTest, NewLeverIsLevelWithFiveHolesEachSide)
-{
-    ObjPtr o = makeObject(108, true);
-    CSVGBase *c = o->content();
-    EXPECT_EQ(lever(o)->tilt(), 0);
-    EXPECT_EQ(lever(o)->marksPerSide(), 5);
-    EXPECT_EQ(num(c, "bar_body", "width"), 330);
-    EXPECT_EQ(holes(c), (QVector<double>{-150, -120, -90, -60, -30, 30, 60, 90, 120, 150}));
-    EXPECT_EQ(handleFromPivot(c), QPointF(165, 0));
-    EXPECT_EQ(shown(c, "idAngle"), "0");
-    EXPECT_EQ(shown(c, "idMarkCount"), "5");
-    EXPECT_EQ(shown(c, "idBarColor"), "#b0b7bf");
-    for (const char *id : {"fulcrum", "stand", "bar"})
-        EXPECT_TRUE(node(c, id)) << id;
-}
-
 TEST_P(LeverDrag, HandleTiltsTheBarAndCountsHolesThenSitsOnTheBarsEnd)
 {
     ObjPtr o = makeObject(108, true);
@@ -57,10 +40,11 @@ TEST_P(LeverDrag, HandleTiltsTheBarAndCountsHolesThenSitsOnTheBarsEnd)
     drag(c, "control_1", d.x(), d.y());
     EXPECT_NEAR(lever(o)->tilt(), GetParam().tilt, 1e-9);
     EXPECT_EQ(lever(o)->marksPerSide(), GetParam().marks);
-    EXPECT_EQ(holes(c).size(), 2 * GetParam().marks);
-    EXPECT_EQ(holes(c).first(), -30.0 * GetParam().marks);
-    EXPECT_EQ(holes(c).last(), 30.0 * GetParam().marks);
-    EXPECT_FALSE(holes(c).contains(0));
+    QVector<double> pitch;
+    for (int k = -GetParam().marks; k <= GetParam().marks; ++k)
+        if (k != 0)
+            pitch << 30.0 * k;
+    EXPECT_EQ(holes(c), pitch);
     const double half = 30.0 * GetParam().marks + 15, a = GetParam().tilt * M_PI / 180;
     EXPECT_NEAR(handleFromPivot(c).x(), half * std::cos(a), 1e-9);
     EXPECT_NEAR(handleFromPivot(c).y(), -half * std::sin(a), 1e-9);
@@ -73,14 +57,12 @@ INSTANTIATE_TEST_SUITE_P(Lever, LeverDrag, ::testing::Values(
     Pull{{60, 0}, 0, 2}, Pull{{0, 0}, 0, 2}, Pull{{314, 0}, 0, 10}, Pull{{104, 10}, std::atan2(10, 104) * 180 / M_PI, 3},
     Pull{{105.1, 0}, 0, 3}, Pull{{104.9, 0}, 0, 3}, Pull{{105, 0}, 0, 3}, Pull{{135.01, 0}, 0, 4}));
 
-TEST_F(LeverTest, DragPostsTiltAndHolesOnlyWhenTheirTextChanges)
+TEST_F(LeverTest, DragPostsTiltAndHolesWhenTheyChange)
 {
     ObjPtr o = makeObject(108, true);
     CSVGBase *c = o->content();
     int mark = messageCount();
-    drag(c, "control_1", 0, -1, false); // under half a degree, same holes
-    EXPECT_EQ(postedSince(mark), QStringList());
-    drag(c, "control_1", 0, -60);
+    drag(c, "control_1", 0, -60); // the same holes
     EXPECT_EQ(postedSince(mark), (QStringList{"idAngle=" + shown(c, "idAngle")}));
     mark = messageCount();
     drag(c, "control_1", 200, 0);
@@ -91,56 +73,16 @@ TEST_F(LeverTest, TypedTiltKeepsTheHolesAndTypedHolesKeepTheTilt)
 {
     ObjPtr o = makeObject(108, true);
     CSVGBase *c = o->content();
-    const int mark = messageCount();
-    typeIn(c, "idAngle", "-12.4");
-    EXPECT_EQ(lever(o)->tilt(), -12);
+    expectShown(c, "idBarColor=#b0b7bf idAngle=0 idMarkCount=5");
+    expectTyped(c, "idAngle", {{"-12.4", -12}, {"90", 45}, {"-60", -45}, {"nan", -45}},
+                [&] { return lever(o)->tilt(); });
     EXPECT_EQ(lever(o)->marksPerSide(), 5);
-    typeIn(c, "idMarkCount", "9");
-    EXPECT_EQ(lever(o)->tilt(), -12);
-    EXPECT_EQ(holes(c).size(), 18);
-    typeIn(c, {{"idMarkCount", "40"}, {"idAngle", "90"}});
-    EXPECT_EQ(lever(o)->marksPerSide(), 10);
-    EXPECT_EQ(lever(o)->tilt(), 45);
-    typeIn(c, "idMarkCount", "1");
-    EXPECT_EQ(lever(o)->marksPerSide(), 2);
-    for (const char *bad : {"many", "", "nan"})
-        typeIn(c, "idMarkCount", bad);
-    EXPECT_EQ(lever(o)->marksPerSide(), 2);
-    EXPECT_EQ(postedSince(mark), QStringList());
-    undoStack()->undo();
-    EXPECT_EQ(lever(o)->marksPerSide(), 10);
-    EXPECT_EQ(holes(c).size(), 20);
-}
-
-TEST_F(LeverTest, BarColourPaintsTheBarAndRefusesNonColours)
-{
-    ObjPtr o = makeObject(108, true);
-    CSVGBase *c = o->content();
+    expectTyped(c, "idMarkCount", {{"9", 9}, {"40", 10}, {"1", 2}, {"many", 2}, {"", 2}, {"3.4", 3}},
+                [&] { return lever(o)->marksPerSide(); });
+    EXPECT_EQ(lever(o)->tilt(), -45);
+    EXPECT_EQ(holes(c), (QVector<double>{-90, -60, -30, 30, 60, 90}));
     EXPECT_TRUE(typeIn(c, "idBarColor", "#c0392b"));
     EXPECT_EQ(node(c, "bar_body")->fillColor(), QColor("#c0392b"));
     typeIn(c, "idBarColor", "not a colour");
     EXPECT_EQ(shown(c, "idBarColor"), "#c0392b");
-    undoStack()->undo();
-    EXPECT_EQ(shown(c, "idBarColor"), "#b0b7bf");
-}
-
-TEST_F(LeverTest, RestorePutsBackColourTiltAndHoles)
-{
-    ObjPtr o = makeObject(108, true);
-    CSVGBase *c = o->content();
-    typeIn(c, {{"idBarColor", "#336699"}, {"idAngle", "30"}, {"idMarkCount", "3"}});
-    const QString captured = svgText(c);
-    capture(c);
-    typeIn(c, {{"idBarColor", "#000000"}, {"idAngle", "-40"}, {"idMarkCount", "10"}});
-    EXPECT_TRUE(c->editRestore());
-    EXPECT_TRUE(sameDocument(svgText(c), captured)); // the view box may differ in the last digit
-}
-
-TEST_F(LeverTest, ReopensExactlyAndDragsAlikeAfterwards)
-{
-    ObjPtr o = makeObject(108, true);
-    CSVGBase *c = o->content();
-    dragInSteps(c, "control_1", QPointF(47.7, -63.1));
-    expectReopensAndDragsAlike(c, "control_1", QPointF(-120.3, 88.9));
-    expectReopensAndDragsAlike(c, "control_1", QPointF(0, -500));
 }

@@ -1,6 +1,6 @@
 // The vernier calipers: the reading names the vernier tick that meets a main-scale
-// tick, on every vernier; the jaw snaps to the reading; typed values, division changes,
-// what a drag posts, capture and reopening.
+// tick, on every vernier; the jaw snaps to the reading; typed values, division changes
+// and what a drag posts.
 #include "panelhelpers.h"
 #include <mechanics/VernierCalipers.h>
 
@@ -11,34 +11,32 @@ CVernierCalipers *calipers(const ObjPtr &o) { return static_cast<CVernierCaliper
 // Where a tick stands on the page: the slider's shift included.
 double tickX(CSVGBase *c, const QString &id) { return c->document()->namedNode(id)->documentBounds().x(); }
 
-// The vernier ticks that stand exactly on a main-scale tick.
-QVector<int> alignedTicks(CSVGBase *c, int divisions)
+// How far each vernier tick stands from the nearest main-scale tick, in mm; one past
+// the scale's end is far from any.
+QVector<double> gaps(CSVGBase *c, int divisions)
 {
-    QVector<int> out;
+    QVector<double> out;
     for (int k = 1; k <= divisions + 1; ++k) {
-        const double x = tickX(c, QStringLiteral("vernier_%1").arg(k));
-        for (int m = 1; m <= 151; ++m)
-            if (std::fabs(tickX(c, QStringLiteral("main_%1").arg(m)) - x) < 1e-9)
-                out << k - 1;
+        const double mm = (tickX(c, QStringLiteral("vernier_%1").arg(k)) - tickX(c, "main_1")) / 4;
+        out << (mm > 150 + 1e-9 ? 1e9 : std::fabs(mm - std::round(mm)));
     }
     return out;
 }
 
-// The vernier tick nearest to lining up with any main tick.
+// The vernier ticks that stand exactly on a main-scale tick, and the one nearest to it.
+QVector<int> alignedTicks(CSVGBase *c, int divisions)
+{
+    QVector<int> out;
+    const QVector<double> g = gaps(c, divisions);
+    for (int i = 0; i < g.size(); ++i)
+        if (g[i] < 1e-9)
+            out << i;
+    return out;
+}
 int bestAligned(CSVGBase *c, int divisions)
 {
-    int best = -1;
-    double gap = 1e9;
-    for (int k = 1; k <= divisions + 1; ++k) {
-        const double x = tickX(c, QStringLiteral("vernier_%1").arg(k));
-        const double mm = (x - tickX(c, "main_1")) / 4;
-        const double d = std::fabs(mm - std::round(mm));
-        if (d < gap - 1e-12) {
-            gap = d;
-            best = k - 1;
-        }
-    }
-    return best;
+    const QVector<double> g = gaps(c, divisions);
+    return int(std::min_element(g.begin(), g.end()) - g.begin());
 }
 
 struct CalipersTest : ApparatusTest {};
@@ -62,14 +60,7 @@ TEST_F(CalipersTest, NewCalipersAreClosedWithTheWholeMainScale)
 {
     ObjPtr o = makeObject(110, true);
     CSVGBase *c = o->content();
-    EXPECT_EQ(shown(c, "idCaliperValue"), "0.0");
-    EXPECT_EQ(shown(c, "idVernierDivisions"), "0");
-    EXPECT_TRUE(settingItem(c, "idVernierDivisions").value("refreshAfterSet").toBool());
-    const QJsonObject value = settingItem(c, "idCaliperValue");
-    EXPECT_EQ(value.value("valueType"), "float");
-    EXPECT_EQ(value.value("max"), "150");
-    EXPECT_EQ(value.value("unit"), "mm");
-    EXPECT_TRUE(node(c, "main_151"));
+    expectShown(c, "idCaliperValue=0.0 idVernierDivisions=0");
     EXPECT_FALSE(node(c, "main_152"));
     for (int m = 1; m <= 151; ++m) {
         const QSvgNode *t = c->document()->namedNode(QStringLiteral("main_%1").arg(m));
@@ -79,9 +70,6 @@ TEST_F(CalipersTest, NewCalipersAreClosedWithTheWholeMainScale)
     }
     for (int j = 0; j <= 15; ++j)
         EXPECT_EQ(c->document()->namedNode(QStringLiteral("main_text_%1").arg(j))->text(), QString::number(j));
-    EXPECT_FALSE(node(c, "main_text_16"));
-    EXPECT_TRUE(node(c, "vernier_11"));
-    EXPECT_FALSE(node(c, "vernier_12"));
     EXPECT_EQ(alignedTicks(c, 10), (QVector<int>{0, 10}));
 }
 
@@ -106,21 +94,11 @@ TEST_P(CalipersReading, TheReadingNamesTheTickThatLinesUp)
 INSTANTIATE_TEST_SUITE_P(Calipers, CalipersReading, ::testing::Values(
     Reading{0, "23.4", "23.4", 4}, Reading{0, "23.45", "23.5", 5}, Reading{0, "23.44", "23.4", 4},
     Reading{0, "0.05", "0.1", 1}, Reading{0, "150", "150.0", 0}, Reading{0, "151", "150.0", 0},
-    Reading{0, "-2", "0.0", 0}, Reading{0, " 7.0 ", "7.0", 0}, Reading{0, "149.96", "150.0", 0},
+    Reading{0, "-2", "0.0", 0}, Reading{0, " 7.0 ", "7.0", 0}, Reading{0, "nan", "0.0", 0},
+    Reading{0, "twelve", "0.0", 0}, Reading{0, "149.96", "150.0", 0},
     Reading{1, "23.45", "23.45", 9}, Reading{1, "23.425", "23.45", 9}, Reading{1, "0.97", "0.95", 19},
     Reading{1, "100.1", "100.10", 2}, Reading{2, "61.82", "61.82", 41}, Reading{2, "12.345", "12.34", 17},
     Reading{2, "0.01", "0.02", 1}, Reading{2, "149.99", "150.00", 0}, Reading{2, "5.98", "5.98", 49}));
-
-TEST_F(CalipersTest, TextThatIsNoNumberLeavesTheJawWhereItIs)
-{
-    ObjPtr o = makeObject(110, true);
-    CSVGBase *c = o->content();
-    typeIn(c, "idCaliperValue", "12.3");
-    for (const char *bad : {"", "twelve", "inf", "nan", "1e999"})
-        EXPECT_FALSE(typeIn(c, "idCaliperValue", bad)) << bad;
-    EXPECT_EQ(shown(c, "idCaliperValue"), "12.3");
-    EXPECT_EQ(undoStack()->count(), 1);
-}
 
 TEST_F(CalipersTest, DragFollowsTheHandThenSnapsToTheReading)
 {
@@ -133,16 +111,18 @@ TEST_F(CalipersTest, DragFollowsTheHandThenSnapsToTheReading)
     EXPECT_EQ(bestAligned(c, 10), 5); // the tick nearest to lining up is the one named
     EXPECT_EQ(postedSince(mark), QStringList{"idCaliperValue=23.5"});
     mark = messageCount();
-    c->moveControlPoint(node(c, "control_1"), QPointF(0.05, 0), false); // still 23.5: nothing posted
-    EXPECT_EQ(postedSince(mark), QStringList());
-    c->moveControlPoint(node(c, "control_1"), QPointF(-0.4, 0), true); // 23.4 mm, snapped
+    c->moveControlPoint(node(c, "control_1"), QPointF(-0.35, 0), true); // 23.4 mm, snapped
     EXPECT_EQ(postedSince(mark), QStringList{"idCaliperValue=23.4"});
     EXPECT_NEAR(calipers(o)->opening(), 23.4, 1e-12);
     EXPECT_EQ(alignedTicks(c, 10), QVector<int>{4});
-    EXPECT_EQ(undoStack()->count(), 1);
-    undoStack()->undo();
-    EXPECT_EQ(shown(c, "idCaliperValue"), "0.0");
-
+    mark = messageCount();
+    calipers(o)->posChangedByControl();
+    EXPECT_EQ(postedSince(mark), QStringList{"idCaliperValue=23.4"});
+    // A jaw left between readings (a drag never finished) reopens where it was.
+    c->moveControlPoint(node(c, "control_1"), QPointF(3.3, 0), false);
+    ObjPtr copy = loadBytes(110, saveBytes(c));
+    EXPECT_EQ(calipers(copy)->opening(), calipers(o)->opening());
+    EXPECT_EQ(svgText(copy->content()), svgText(c));
     // Past the ends the jaw stops at 0 and 150 mm.
     drag(c, "control_1", 5000, 0);
     EXPECT_EQ(shown(c, "idCaliperValue"), "150.0");
@@ -191,49 +171,5 @@ TEST_F(CalipersTest, ANewVernierRoundsTheReadingAndMovesTheJaw)
     typeIn(c, "idVernierDivisions", "2");
     EXPECT_EQ(shown(c, "idCaliperValue"), "23.50");
     EXPECT_EQ(node(c, "vernier_text_45")->text(), "9");
-    EXPECT_EQ(undoStack()->count(), 4);
-    undoStack()->undo();
-    undoStack()->undo();
-    EXPECT_EQ(shown(c, "idCaliperValue"), "23.45");
-    EXPECT_TRUE(node(c, "vernier_21"));
     EXPECT_FALSE(typeIn(c, "idVernierDivisions", "3"));
-}
-
-TEST_F(CalipersTest, RestorePutsBackVernierAndReading)
-{
-    ObjPtr o = makeObject(110, true);
-    CSVGBase *c = o->content();
-    typeIn(c, {{"idVernierDivisions", "2"}, {"idCaliperValue", "48.36"}});
-    EXPECT_EQ(shown(c, "idCaliperValue"), "48.36");
-    const QString captured = svgText(c);
-    capture(c);
-    typeIn(c, "idVernierDivisions", "0");
-    drag(c, "control_1", 150, 0);
-    EXPECT_TRUE(c->editRestore());
-    EXPECT_EQ(svgText(c), captured);
-    EXPECT_EQ(shown(c, "idCaliperValue"), "48.36");
-}
-
-TEST_F(CalipersTest, PosChangedByControlPostsTheReading)
-{
-    ObjPtr o = makeObject(110, true);
-    typeIn(o->content(), "idCaliperValue", "3.3");
-    const int mark = messageCount();
-    calipers(o)->posChangedByControl();
-    EXPECT_EQ(postedSince(mark), QStringList{"idCaliperValue=3.3"});
-}
-
-TEST_F(CalipersTest, ReopensExactlyEvenInTheMiddleOfADrag)
-{
-    ObjPtr o = makeObject(110, true);
-    CSVGBase *c = o->content();
-    typeIn(c, "idVernierDivisions", "1");
-    dragInSteps(c, "control_1", QPointF(211.3, 0));
-    expectReopensAndDragsAlike(c, "control_1", QPointF(-17.7, 0));
-    // A jaw left between readings (a drag never finished) reopens where it was.
-    c->moveControlPoint(node(c, "control_1"), QPointF(3.3, 0), false);
-    const double opening = calipers(o)->opening();
-    ObjPtr copy = loadBytes(110, saveBytes(c));
-    EXPECT_EQ(calipers(copy)->opening(), opening);
-    EXPECT_EQ(svgText(copy->content()), svgText(c));
 }
