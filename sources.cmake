@@ -43,6 +43,7 @@ set(PHYS_SOURCES
   bases/PanelCache.cpp
   bases/PanelItems.cpp
   bases/Poles.cpp
+  bases/PulleyRig.cpp
   bases/Pulleys.cpp
   bases/Series.cpp
   bases/ShownValues.cpp
@@ -63,6 +64,7 @@ set(PHYS_SOURCES
   bases/PanelCache.h
   bases/PanelItems.h
   bases/Poles.h
+  bases/PulleyRig.h
   bases/Pulleys.h
   bases/Series.h
   bases/ShownValues.h

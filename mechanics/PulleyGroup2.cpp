@@ -1,7 +1,6 @@
 #include "PulleyGroup2.h"
-#include "bases/AttrValue.h"
-#include "bases/HandlePos.h"
 #include "bases/HostColour.h"
+#include "bases/PanelItems.h"
 #include "bases/Pulleys.h"
 #include <QJsonArray>
 #include <svgobj.h>
@@ -25,11 +24,9 @@ constexpr double kFreeRest = 40;
 
 QString num(double v) { return SvgNumbers::format(v); }
 
-bool isTrue(const QString &text) { return text == QLatin1String("true") || text == QLatin1String("1"); }
-
 } // namespace
 
-CPulleyGroup2::CPulleyGroup2(CSVGObj *owner) : CBasic(owner) {}
+CPulleyGroup2::CPulleyGroup2(CSVGObj *owner) : CPulleyRig(owner) {}
 
 CPulleyGroup2::~CPulleyGroup2() = default;
 
@@ -135,7 +132,7 @@ void CPulleyGroup2::UpdateCombobox(bool)
         label->setText(QStringLiteral("n = %1").arg(falls()));
         label->setNumAttribute(QStringLiteral("x"), (up ? kUpStart : kDownStart) - 8);
     }
-    layout();
+    refresh();
     Resize(true);
     repaint();
 }
@@ -178,70 +175,20 @@ void CPulleyGroup2::layout()
     const QPointF from(x, up ? my : kFixedY), end(x, up ? my - length : kFixedY + length);
     Pulleys::setLine(m_pDocument->namedNode(QStringLiteral("free_end")), from, end);
     Pulleys::centreOn(m_controlNodes.value(1), end);
-    m_shown = {{QStringLiteral("idPosValue"), QString::number(percent())}};
-}
-
-bool CPulleyGroup2::updateSVG(QSvgNode *node, QPointF, bool bFinal)
-{
-    if (!node || !m_controlNodes.contains(node))
-        return false;
-    // The free end has no travel of its own: only the load moves it.
-    if (node != m_controlNodes.value(0))
-        return true;
-    m_before = m_shown;
-    layout();
-    Resize(bFinal);
-    repaint();
-    if (!m_bPosByCode && !isLoading())
-        posChangedByControl();
-    return true;
-}
-
-void CPulleyGroup2::posChangedByControl() { ShownValues::postChanged(m_before, m_shown); }
-
-double CPulleyGroup2::getControlPos() { return HandlePos::get(*this, 0, HandlePos::Y); }
-
-void CPulleyGroup2::setControlPos(double y) { HandlePos::set(*this, 0, HandlePos::Y, y, m_bPosByCode); }
-
-int CPulleyGroup2::percent() { return HandlePos::percent(*this, 0, HandlePos::Y, getControlPos()); }
-
-void CPulleyGroup2::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
-{
-    if (m_pDocument)
-        enclose(m_pDocument->transformedBounds().adjusted(-1, -1, 1, 1), topLeft, bottomRight);
 }
 
 void CPulleyGroup2::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    array.append(m_pOwner->GetSettingJsonComboBox(
-        QStringLiteral("idRopeEnd"), QStringLiteral("IDS_PHYSICSOBJ_ROPE_END"), m_attributes.value(kRopeEndAttr).intValue,
-        QStringList(), {QStringLiteral("IDS_PHYSICSOBJ_PULL_DOWN"), QStringLiteral("IDS_PHYSICSOBJ_PULL_UP")}));
-    array.append(m_pOwner->GetSettingJsonSwitch(QStringLiteral("idShowSegments"), QStringLiteral("IDS_PHYSICSOBJ_SHOW_SEGMENTS"),
-                                                m_attributes.value(kSegmentsAttr).boolValue));
-    HandlePos::appendInput(*this, array, QStringLiteral("IDS_PHYSICSOBJ_ROPE_LENGTH"), percent());
+    PanelItems::append(*this, array, {{"idRopeEnd", kRopeEndAttr}, {"idShowSegments", kSegmentsAttr}});
+    appendRopeLength(array);
 }
 
 bool CPulleyGroup2::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    const auto end = values.constFind(QStringLiteral("idRopeEnd"));
-    bool ok = false;
-    const int index = end != values.cend() ? end->trimmed().toInt(&ok) : 0;
-    if (ok)
-        AttrValue::apply(*this, kRopeEndAttr, index, bRecord, bUndo);
-    const auto shown = values.constFind(QStringLiteral("idShowSegments"));
-    if (shown != values.cend())
-        AttrValue::apply(*this, kSegmentsAttr, isTrue(*shown), bRecord, bUndo);
-    double y = 0;
-    if (HandlePos::target(*this, values, 0, HandlePos::Y, false, y, HandlePos::Decimal))
-        setControlPos(y);
+    PanelItems::apply(*this, values, {{"idRopeEnd", kRopeEndAttr}, {"idShowSegments", kSegmentsAttr}}, bRecord, bUndo);
+    typedRopeLength(values);
     return true;
 }
 
-bool CPulleyGroup2::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
-{
-    const bool r = CBasic::SetAttribute(id, in, bRecord, bUndo);
-    keepEverything(id, m_bPosByCode);
-    return r;
-}
