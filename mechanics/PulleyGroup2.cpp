@@ -64,7 +64,7 @@ QString CPulleyGroup2::getSVG()
         Pulleys::strapSvg(kMoving1X, my, bar) + Pulleys::strapSvg(kMoving2X, my, bar) +
         // The crossbar, and the arm that carries the rope's start when it is pulled up.
         QStringLiteral("<path id=\"anchor_moving\" d=\"M%1,%2 H%3 V%4 H%1 Z M%5,%2 V%6\" fill=\"url(#pl_strap)\""
-                       " stroke=\"#4A5560\" stroke-width=\"0.8\" vector-effect=\"none\" visibility=\"hidden\"/>\n"
+                       " stroke=\"#4A5560\" stroke-width=\"0.8\" vector-effect=\"none\"/>\n"
                        "<rect x=\"%7\" y=\"%2\" width=\"%8\" height=\"6\" rx=\"1.5\" ry=\"1.5\" fill=\"url(#pl_strap)\""
                        " stroke=\"#4A5560\" stroke-width=\"0.8\" vector-effect=\"none\"/>\n")
             .arg(num(kUpStart - 4), num(bar), num(kMoving1X - 6), num(bar + 6), num(kUpStart), num(bar - 3), num(kMoving1X - 6), num(kMoving2X - kMoving1X + 12)) +
