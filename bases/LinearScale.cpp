@@ -1,4 +1,5 @@
 #include "LinearScale.h"
+#include "HandlePos.h"
 #include "Series.h"
 #include <QVector>
 #include <algorithm>
@@ -92,6 +93,36 @@ int Reading::settle(double travel, double moved) const
         return n;
     const double lo = bothWays ? -steps : 0;
     return int(std::max(lo, std::min(double(steps), double(n + (moved > 0 ? 1 : -1)))));
+}
+
+double PointerHandle::travel(const CSVGBase &obj) const
+{
+    QSvgNode *h = obj.controlNodes().value(0);
+    return h ? dir * (h->rect().center().y() - zeroY) : 0;
+}
+
+void PointerHandle::moveTo(CSVGBase &obj, double t, bool &guard) const
+{
+    if (QSvgNode *h = obj.controlNodes().value(0))
+        HandlePos::set(obj, 0, HandlePos::Y, zeroY + dir * t - h->rect().height() / 2, guard);
+}
+
+void PointerHandle::settle(QSvgNode *handle, const Reading &reading, QPointF moved) const
+{
+    const double t = dir * (handle->rect().center().y() - zeroY);
+    const double rest = zeroY + dir * reading.travelOf(reading.settle(t, dir * moved.y()));
+    handle->setNumAttribute(QStringLiteral("y"), rest - handle->rect().height() / 2);
+}
+
+bool PointerHandle::typed(CSVGBase &obj, const QMap<QString, QString> &values, const QString &key, const Reading &reading,
+                          bool &guard) const
+{
+    const auto it = values.constFind(key);
+    int step = 0;
+    if (it == values.cend() || !reading.typed(*it, step))
+        return false;
+    moveTo(obj, reading.travelOf(step), guard);
+    return true;
 }
 
 } // namespace LinearScale

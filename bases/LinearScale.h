@@ -2,11 +2,13 @@
 // A straight graduated scale read by a pointer (a spring balance, a measuring cylinder,
 // a U-tube's board): its ticks and numbers laid along it as numbered series, and what a
 // pointer's travel along it reads.
+#include <QMap>
 #include <QPointF>
 #include <QString>
 #include <functional>
 
 class CSVGBase;
+class QSvgNode;
 
 namespace LinearScale {
 
@@ -54,6 +56,22 @@ struct Reading {
     // would come back to it goes one step on in its direction, so that an arrow key's
     // nudge always moves the pointer.
     int settle(double travel, double moved) const;
+};
+
+// The handle (control_1) that sets a pointer's travel along a vertical scale, counted
+// from zeroY down the page (a balance's hook, a gauge's surface) or up it (a meniscus).
+struct PointerHandle {
+    double zeroY;
+    double dir = 1;  // 1: travel counts downwards; -1: upwards
+
+    double travel(const CSVGBase &obj) const;
+    // Moves the handle to that travel, as a typed value does.
+    void moveTo(CSVGBase &obj, double travel, bool &guard) const;
+    // At the end of a drag: the handle comes to rest on the step it reads (Reading::settle).
+    void settle(QSvgNode *handle, const Reading &reading, QPointF moved) const;
+    // A value typed under `key`, taken to its nearest step; false when none was typed.
+    bool typed(CSVGBase &obj, const QMap<QString, QString> &values, const QString &key, const Reading &reading,
+               bool &guard) const;
 };
 
 } // namespace LinearScale

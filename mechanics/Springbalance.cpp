@@ -1,7 +1,6 @@
 #include "Springbalance.h"
-#include "bases/AttrValue.h"
-#include "bases/HandlePos.h"
 #include "bases/HostColour.h"
+#include "bases/PanelItems.h"
 #include "bases/Series.h"
 #include <QJsonArray>
 #include <QJsonObject>
@@ -19,6 +18,7 @@ constexpr double kZeroY = 90, kTickX = 40, kPitch = 3;
 constexpr double kSpringTop = 38, kCarriageAbovePointer = 4, kSpringLeft = 43.5, kSpringRight = 52.5;
 // The hook's lowest point (where the handle sits) with nothing on it.
 constexpr double kHookRestY = 284;
+constexpr LinearScale::PointerHandle kHook{kHookRestY, 1};
 
 struct Range {
     double full;
@@ -125,11 +125,7 @@ LinearScale::Reading CSpringbalance::reading() const
 
 double CSpringbalance::fullScale() const { return reading().full; }
 
-double CSpringbalance::travel() const
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    return h ? h->rect().center().y() - kHookRestY : 0;
-}
+double CSpringbalance::travel() const { return kHook.travel(*this); }
 
 QString CSpringbalance::readingText() const
 {
@@ -204,24 +200,14 @@ bool CSpringbalance::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
     const ShownValues::Texts before = m_shown;
     // A drag comes to rest on the reading it shows, so that the pointer stands where the
     // reading says.
-    if (bFinal && !m_bByCode && !isLoading()) {
-        const LinearScale::Reading r = reading();
-        const double rest = kHookRestY + r.travelOf(r.settle(travel(), offset.y()));
-        node->setNumAttribute(QStringLiteral("y"), rest - node->rect().height() / 2);
-    }
+    if (bFinal && !m_bByCode && !isLoading())
+        kHook.settle(node, reading(), offset);
     layout();
     if (!m_bByCode && !isLoading())
         ShownValues::postChanged(before, m_shown);
     Resize(bFinal);
     repaint();
     return true;
-}
-
-void CSpringbalance::moveHook(double t)
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    if (h)
-        HandlePos::set(*this, 0, HandlePos::Y, kHookRestY + t - h->rect().height() / 2, m_bByCode);
 }
 
 void CSpringbalance::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
@@ -247,17 +233,9 @@ void CSpringbalance::GetSettingArray(QJsonArray &array)
 
 bool CSpringbalance::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    const auto range = values.constFind(QStringLiteral("idRange"));
-    bool ok = false;
-    const int index = range != values.cend() ? range->trimmed().toInt(&ok) : 0;
-    if (ok)
-        AttrValue::apply(*this, kRangeAttr, index, bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idRange", kRangeAttr}}, bRecord, bUndo);
     // A typed reading is taken to the scale's resolution, and the hook moves to it.
-    const auto value = values.constFind(QStringLiteral("idForceValue"));
-    const LinearScale::Reading r = reading();
-    int step = 0;
-    if (value != values.cend() && r.typed(*value, step))
-        moveHook(r.travelOf(step));
+    kHook.typed(*this, values, QStringLiteral("idForceValue"), reading(), m_bByCode);
     return true;
 }
 
