@@ -30,13 +30,12 @@ struct ApparatusTest : ::testing::Test {
     }
     // A panel edit as the board makes it: one undo step and one playback record, or none.
     static bool type(CSVGBase *c, const QString &key, const QString &value) { return c->editSettings({{key, value}}); }
-    static void event(CSVGBase *c, int id)
+    static void capture(CSVGBase *c)
     {
         QByteArray none;
         QDataStream in(&none, QIODevice::ReadOnly);
-        c->SetAttribute(id, in, false, false);
+        c->SetAttribute(CSVGBase::ATTR_CAPTURE, in, false, false);
     }
-    static void capture(CSVGBase *c) { event(c, CSVGBase::ATTR_CAPTURE); }
     // Every panel value posted since the last clearMessages, in order: "key=value".
     static QStringList posted()
     {
@@ -46,7 +45,6 @@ struct ApparatusTest : ::testing::Test {
                 out << v.toObject().value("id").toString() + "=" + v.toObject().value("value").toString();
         return out;
     }
-    static QUndoStack *undo() { return GetFramework()->undoStack(); }
     // The object saved and loaded into a new one of its type.
     static ObjPtr reopen(CSVGBase *c)
     {
