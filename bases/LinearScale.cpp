@@ -1,5 +1,10 @@
 #include "LinearScale.h"
+#include "Attribute.h"
 #include "HandlePos.h"
+#include "PanelItems.h"
+#include <QDataStream>
+#include <QJsonArray>
+#include <QJsonObject>
 #include "Series.h"
 #include <QVector>
 #include <algorithm>
@@ -107,11 +112,15 @@ void PointerHandle::moveTo(CSVGBase &obj, double t, bool &guard) const
         HandlePos::set(obj, 0, HandlePos::Y, zeroY + dir * t - h->rect().height() / 2, guard);
 }
 
+void PointerHandle::place(QSvgNode *handle, double t) const
+{
+    handle->setNumAttribute(QStringLiteral("y"), zeroY + dir * t - handle->rect().height() / 2);
+}
+
 void PointerHandle::settle(QSvgNode *handle, const Reading &reading, QPointF moved) const
 {
     const double t = dir * (handle->rect().center().y() - zeroY);
-    const double rest = zeroY + dir * reading.travelOf(reading.settle(t, dir * moved.y()));
-    handle->setNumAttribute(QStringLiteral("y"), rest - handle->rect().height() / 2);
+    place(handle, reading.travelOf(reading.settle(t, dir * moved.y())));
 }
 
 bool PointerHandle::typed(CSVGBase &obj, const QMap<QString, QString> &values, const QString &key, const Reading &reading,
@@ -123,6 +132,26 @@ bool PointerHandle::typed(CSVGBase &obj, const QMap<QString, QString> &values, c
         return false;
     moveTo(obj, reading.travelOf(step), guard);
     return true;
+}
+
+QByteArray rangeChoices()
+{
+    QByteArray data;
+    QDataStream out(&data, QIODevice::WriteOnly);
+    out << int(3) << int(0) << QStringLiteral("IDS_SVG_PHYSICAL_RANGE_0") << QStringLiteral("IDS_SVG_PHYSICAL_RANGE_1")
+        << QStringLiteral("IDS_SVG_PHYSICAL_RANGE_2");
+    return data;
+}
+
+void appendRange(CAttribute &obj, QJsonArray &array, int rangeAttr)
+{
+    const int at = array.size();
+    PanelItems::append(obj, array, {{"idRange", rangeAttr}});
+    if (array.size() == at)
+        return;
+    QJsonObject range = array.at(at).toObject();
+    range.insert(QStringLiteral("refreshAfterSet"), true);
+    array.replace(at, range);
 }
 
 } // namespace LinearScale

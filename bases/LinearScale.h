@@ -7,7 +7,9 @@
 #include <QString>
 #include <functional>
 
+class CAttribute;
 class CSVGBase;
+class QJsonArray;
 class QSvgNode;
 
 namespace LinearScale {
@@ -67,11 +69,19 @@ struct PointerHandle {
     double travel(const CSVGBase &obj) const;
     // Moves the handle to that travel, as a typed value does.
     void moveTo(CSVGBase &obj, double travel, bool &guard) const;
+    // Puts the handle's centre at that travel, outside the edit path (a range change).
+    void place(QSvgNode *handle, double travel) const;
     // At the end of a drag: the handle comes to rest on the step it reads (Reading::settle).
     void settle(QSvgNode *handle, const Reading &reading, QPointF moved) const;
     // A value typed under `key`, taken to its nearest step; false when none was typed.
     bool typed(CSVGBase &obj, const QMap<QString, QString> &values, const QString &key, const Reading &reading,
                bool &guard) const;
 };
+
+// An instrument with three ranges: the choices "IDS_SVG_PHYSICAL_RANGE_0" … "_2", and
+// the "idRange" combo box, which redraws the panel after a choice because the reading's
+// bounds follow the range.
+QByteArray rangeChoices();
+void appendRange(CAttribute &obj, QJsonArray &array, int rangeAttr);
 
 } // namespace LinearScale

@@ -2,7 +2,6 @@
 #include "bases/HostColour.h"
 #include "bases/PanelItems.h"
 #include <QJsonArray>
-#include <QJsonObject>
 #include <cmath>
 #include <svgobj.h>
 
@@ -89,14 +88,7 @@ void Cylinder::ResetAtrribute()
     m_attributes[kColourAttr].color = QColor(0x3A, 0x7B, 0xD5);
 }
 
-QByteArray Cylinder::GetComboboxData()
-{
-    QByteArray data;
-    QDataStream out(&data, QIODevice::WriteOnly);
-    out << int(3) << int(0) << QStringLiteral("IDS_SVG_PHYSICAL_RANGE_0") << QStringLiteral("IDS_SVG_PHYSICAL_RANGE_1")
-        << QStringLiteral("IDS_SVG_PHYSICAL_RANGE_2");
-    return data;
-}
+QByteArray Cylinder::GetComboboxData() { return LinearScale::rangeChoices(); }
 
 LinearScale::Reading Cylinder::readingOf(int range) const
 {
@@ -158,7 +150,7 @@ void Cylinder::UpdateCombobox(bool)
     if (h && !isLoading() && m_nScaleRange >= 0 && m_nScaleRange != range) {
         const LinearScale::Reading before = readingOf(m_nScaleRange), after = readingOf(range);
         const int step = after.stepOf(before.valueOf(before.stepAt(level())));
-        h->setNumAttribute(QStringLiteral("y"), kEmptyY - after.travelOf(step) - h->rect().height() / 2);
+        kMeniscus.place(h, after.travelOf(step));
     }
     layScale();
     layout();
@@ -230,11 +222,7 @@ void Cylinder::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    QJsonObject range = m_pOwner->GetSettingJsonComboBox(
-        QStringLiteral("idRange"), QStringLiteral("IDS_PHYSICSOBJ_RANGE"), m_attributes.value(kRangeAttr).intValue, QStringList(),
-        {QStringLiteral("IDS_PHYSICSOBJ_RANGE_0"), QStringLiteral("IDS_PHYSICSOBJ_RANGE_1"), QStringLiteral("IDS_PHYSICSOBJ_RANGE_2")});
-    range.insert(QStringLiteral("refreshAfterSet"), true);
-    array.append(range);
+    LinearScale::appendRange(*this, array, kRangeAttr);
     array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idVolume"), QStringLiteral("IDS_PHYSICSOBJ_VOLUME"), volumeText(),
                                                QStringLiteral("float"), QStringLiteral("0"), QString::number(capacity()),
                                                QStringLiteral("mL")));

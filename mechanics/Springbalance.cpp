@@ -3,7 +3,6 @@
 #include "bases/PanelItems.h"
 #include "bases/Series.h"
 #include <QJsonArray>
-#include <QJsonObject>
 #include <cmath>
 #include <svgobj.h>
 
@@ -103,14 +102,7 @@ int CSpringbalance::getSVGType() { return 203; }
 
 void CSpringbalance::ResetAtrribute() { addAttribute(kRangeAttr, 1101, 1, QStringLiteral("IDS_SVG_PHYSICAL_RANGE"), 1); }
 
-QByteArray CSpringbalance::GetComboboxData()
-{
-    QByteArray data;
-    QDataStream out(&data, QIODevice::WriteOnly);
-    out << int(3) << int(0) << QStringLiteral("IDS_SVG_PHYSICAL_RANGE_0") << QStringLiteral("IDS_SVG_PHYSICAL_RANGE_1")
-        << QStringLiteral("IDS_SVG_PHYSICAL_RANGE_2");
-    return data;
-}
+QByteArray CSpringbalance::GetComboboxData() { return LinearScale::rangeChoices(); }
 
 LinearScale::Reading CSpringbalance::reading() const
 {
@@ -221,11 +213,7 @@ void CSpringbalance::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    QJsonObject range = m_pOwner->GetSettingJsonComboBox(
-        QStringLiteral("idRange"), QStringLiteral("IDS_PHYSICSOBJ_RANGE"), m_attributes.value(kRangeAttr).intValue, QStringList(),
-        {QStringLiteral("IDS_PHYSICSOBJ_RANGE_0"), QStringLiteral("IDS_PHYSICSOBJ_RANGE_1"), QStringLiteral("IDS_PHYSICSOBJ_RANGE_2")});
-    range.insert(QStringLiteral("refreshAfterSet"), true);
-    array.append(range);
+    LinearScale::appendRange(*this, array, kRangeAttr);
     array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idForceValue"), QStringLiteral("IDS_PHYSICSOBJ_READING"),
                                                readingText(), QStringLiteral("float"), QStringLiteral("0"),
                                                QString::number(fullScale()), QStringLiteral("N")));
