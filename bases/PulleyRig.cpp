@@ -61,3 +61,34 @@ bool CPulleyRig::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
     keepEverything(id, m_bPosByCode);
     return r;
 }
+
+CPulleyBlock::CPulleyBlock(CSVGObj *owner, double hookBelowAxle, int segmentsAttr)
+    : CPulleyRig(owner), m_dHookBelowAxle(hookBelowAxle), m_nSegmentsAttr(segmentsAttr)
+{
+}
+
+void CPulleyBlock::UpdateCheckBox(bool)
+{
+    if (QSvgNode *label = m_pDocument ? m_pDocument->namedNode(QStringLiteral("n_label")) : nullptr)
+        label->setVisible(m_attributes.value(m_nSegmentsAttr).boolValue);
+    repaint();
+}
+
+double CPulleyBlock::drop() const
+{
+    QSvgNode *h = m_controlNodes.value(0);
+    return h ? h->rect().center().y() - m_dHookBelowAxle - kFixedY : kMaxDrop;
+}
+
+QPointF CPulleyBlock::freeEnd() const
+{
+    QSvgNode *h = m_controlNodes.value(1);
+    return h ? h->rect().center() : QPointF();
+}
+
+void CPulleyBlock::hangMovingBlock(double d)
+{
+    if (QSvgNode *moving = m_pDocument ? m_pDocument->namedNode(QStringLiteral("moving")) : nullptr)
+        moving->setAttribute(QStringLiteral("transform"),
+                             QStringLiteral("translate(0,%1)").arg(SvgNumbers::format(d - kMaxDrop)));
+}

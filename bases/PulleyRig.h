@@ -38,3 +38,29 @@ private:
     ShownValues::Texts m_shown;
     ShownValues::Texts m_before;
 };
+
+// A pulley block: the handle is the movable block's hook, which hangs kMinDrop to kMaxDrop
+// below the fixed axle; the free end (control_2) is placed by the code; a switch shows
+// the number of falls ("n_label").
+class PHYSICALOBJECT_SHARED_EXPORT CPulleyBlock : public CPulleyRig
+{
+public:
+    CPulleyBlock(CSVGObj *owner, double hookBelowAxle, int segmentsAttr);
+
+    void UpdateCheckBox(bool b) override;
+
+    // How far the movable pulley's axle hangs below the fixed one's (40 to 240).
+    double drop() const;
+    // Where the free end is (control_2's centre).
+    QPointF freeEnd() const;
+
+    static constexpr double kFixedY = 50, kMinDrop = 40, kMaxDrop = 240;
+
+protected:
+    // The movable block, drawn at its lowest, moved up to where the hook is.
+    void hangMovingBlock(double drop);
+
+private:
+    const double m_dHookBelowAxle;
+    const int m_nSegmentsAttr;
+};

@@ -11,7 +11,7 @@ constexpr int kSegmentsAttr = 5100;
 constexpr int kFalls = 2;
 // The fixed wheel under the beam; the movable one hangs to its left, so that the fall
 // between them is straight: its right side under the fixed wheel's left side.
-constexpr double kFixedX = 100, kFixedY = 50, kFixedR = 22;
+constexpr double kFixedX = 100, kFixedY = CPulleyBlock::kFixedY, kFixedR = 22;
 constexpr double kMovingR = 16, kMovingX = kFixedX - kFixedR - kMovingR;
 constexpr double kBeamY = 10;
 // The template draws the movable pulley at its lowest; its hook's lowest point is the handle.
@@ -22,7 +22,7 @@ QString num(double v) { return SvgNumbers::format(v); }
 
 } // namespace
 
-CPulleyGroup::CPulleyGroup(CSVGObj *owner) : CPulleyRig(owner) {}
+CPulleyGroup::CPulleyGroup(CSVGObj *owner) : CPulleyBlock(owner, kHookBelowAxle, kSegmentsAttr) {}
 
 CPulleyGroup::~CPulleyGroup() = default;
 
@@ -77,32 +77,12 @@ void CPulleyGroup::SVGInit(bool, bool)
     Resize(false);
 }
 
-void CPulleyGroup::UpdateCheckBox(bool)
-{
-    if (QSvgNode *label = m_pDocument ? m_pDocument->namedNode(QStringLiteral("n_label")) : nullptr)
-        label->setVisible(m_attributes.value(kSegmentsAttr).boolValue);
-    repaint();
-}
-
-double CPulleyGroup::drop() const
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    return h ? h->rect().center().y() - kHookBelowAxle - kFixedY : kMaxDrop;
-}
-
-QPointF CPulleyGroup::freeEnd() const
-{
-    QSvgNode *h = m_controlNodes.value(1);
-    return h ? h->rect().center() : QPointF();
-}
-
 void CPulleyGroup::layout()
 {
     if (!m_pDocument)
         return;
     const double d = drop(), my = kFixedY + d;
-    if (QSvgNode *moving = m_pDocument->namedNode(QStringLiteral("moving")))
-        moving->setAttribute(QStringLiteral("transform"), QStringLiteral("translate(0,%1)").arg(num(d - kMaxDrop)));
+    hangMovingBlock(d);
     // Both falls that hold the movable pulley end on it; the free end pays out what they take in.
     const double left = kMovingX - kMovingR, between = kMovingX + kMovingR, right = kFixedX + kFixedR;
     Pulleys::setLine(m_pDocument->namedNode(QStringLiteral("rope_1")), QPointF(left, kBeamY + 5), QPointF(left, my));

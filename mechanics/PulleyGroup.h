@@ -3,7 +3,7 @@
 // its hook. Two falls hold the load, so the free end moves twice as far, the other way.
 #include "bases/PulleyRig.h"
 
-class PHYSICALOBJECT_SHARED_EXPORT CPulleyGroup : public CPulleyRig
+class PHYSICALOBJECT_SHARED_EXPORT CPulleyGroup : public CPulleyBlock
 {
 public:
     explicit CPulleyGroup(CSVGObj *owner);
@@ -15,15 +15,8 @@ public:
     bool SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo) override;
 
     void SVGInit(bool bLoad, bool bLoaded) override;
-    void UpdateCheckBox(bool b) override;
     void ResetAtrribute() override;
 
-    // How far the movable pulley's axle hangs below the fixed one's (40 to 240).
-    double drop() const;
-    // Where the free end is (control_2's centre).
-    QPointF freeEnd() const;
-
-    static constexpr double kMinDrop = 40, kMaxDrop = 240;
 
 private:
     void layout() override;

@@ -13,7 +13,7 @@ enum RopeEnd { PullDown, PullUp };
 // 2R apart. Pulled down, the fixed wheels stand over the gaps to the right of the movable
 // ones; pulled up, the fixed block stands 4R further left and the rope starts at the
 // movable block.
-constexpr double kR = 16, kFixedY = 50, kBeamY = 10;
+constexpr double kR = 16, kFixedY = CPulleyBlock::kFixedY, kBeamY = 10;
 constexpr double kFixed1X = 88, kFixed2X = 152, kMoving1X = 56, kMoving2X = 120;
 constexpr double kPullUpShift = -4 * kR;
 // Where the rope's first fall runs: from the beam down to the first movable wheel, or
@@ -26,7 +26,7 @@ QString num(double v) { return SvgNumbers::format(v); }
 
 } // namespace
 
-CPulleyGroup2::CPulleyGroup2(CSVGObj *owner) : CPulleyRig(owner) {}
+CPulleyGroup2::CPulleyGroup2(CSVGObj *owner) : CPulleyBlock(owner, kHookBelowAxle, kSegmentsAttr) {}
 
 CPulleyGroup2::~CPulleyGroup2() = default;
 
@@ -110,13 +110,6 @@ void CPulleyGroup2::SVGInit(bool, bool)
     UpdateCombobox(false);
 }
 
-void CPulleyGroup2::UpdateCheckBox(bool)
-{
-    if (QSvgNode *label = m_pDocument ? m_pDocument->namedNode(QStringLiteral("n_label")) : nullptr)
-        label->setVisible(m_attributes.value(kSegmentsAttr).boolValue);
-    repaint();
-}
-
 void CPulleyGroup2::UpdateCombobox(bool)
 {
     if (!m_pDocument)
@@ -137,25 +130,12 @@ void CPulleyGroup2::UpdateCombobox(bool)
     repaint();
 }
 
-double CPulleyGroup2::drop() const
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    return h ? h->rect().center().y() - kHookBelowAxle - kFixedY : kMaxDrop;
-}
-
-QPointF CPulleyGroup2::freeEnd() const
-{
-    QSvgNode *h = m_controlNodes.value(1);
-    return h ? h->rect().center() : QPointF();
-}
-
 void CPulleyGroup2::layout()
 {
     if (!m_pDocument)
         return;
     const double d = drop(), my = kFixedY + d;
-    if (QSvgNode *moving = m_pDocument->namedNode(QStringLiteral("moving")))
-        moving->setAttribute(QStringLiteral("transform"), QStringLiteral("translate(0,%1)").arg(num(d - kMaxDrop)));
+    hangMovingBlock(d);
     // The falls run between the fixed axles' level and the movable ones', 2R apart from
     // the rope's start on; where the rope starts decides which end is which.
     const bool up = pulledUp();

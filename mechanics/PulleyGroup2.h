@@ -4,7 +4,7 @@
 // block, five. The free end moves n times as far as the load.
 #include "bases/PulleyRig.h"
 
-class PHYSICALOBJECT_SHARED_EXPORT CPulleyGroup2 : public CPulleyRig
+class PHYSICALOBJECT_SHARED_EXPORT CPulleyGroup2 : public CPulleyBlock
 {
 public:
     explicit CPulleyGroup2(CSVGObj *owner);
@@ -16,20 +16,13 @@ public:
     bool SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo) override;
 
     void SVGInit(bool bLoad, bool bLoaded) override;
-    void UpdateCheckBox(bool b) override;
     void UpdateCombobox(bool b) override;
     QByteArray GetComboboxData() override;
     void ResetAtrribute() override;
 
-    // How far the movable pulley's axle hangs below the fixed one's (40 to 240).
-    double drop() const;
-    // Where the free end is (control_2's centre).
-    QPointF freeEnd() const;
     // The falls that hold the load: 4 pulled down, 5 pulled up.
     int falls() const;
     bool pulledUp() const;
-
-    static constexpr double kMinDrop = 40, kMaxDrop = 240;
 
 private:
     void layout() override;
