@@ -1,6 +1,6 @@
 #pragma once
 // What the suites of the force and measuring apparatus share: a clean host for each case,
-// the panel as a user sees it, and reopening an object from its saved stream.
+// the panel as a user sees it, what a drag posts.
 #include "helpers.h"
 #include <QJsonDocument>
 #include <QUndoStack>
@@ -45,14 +45,6 @@ struct ApparatusTest : ::testing::Test {
                 out << v.toObject().value("id").toString() + "=" + v.toObject().value("value").toString();
         return out;
     }
-    // The object saved and loaded into a new one of its type.
-    static ObjPtr reopen(CSVGBase *c)
-    {
-        ObjPtr back = makeObject(c->getSVGType(), true);
-        QDataStream in(saveBytes(c));
-        EXPECT_TRUE(back->content()->load(in)) << qPrintable(back->content()->lastLoadError());
-        return back;
-    }
     static QPointF centre(CSVGBase *c, const char *handle) { return node(c, handle)->rect().center(); }
 };
 
@@ -71,3 +63,11 @@ inline QPointF wheelCentre(CSVGBase *c, const char *id)
     return rim->documentTransform().map(QPointF(rim->numAttribute("cx"), rim->numAttribute("cy")));
 }
 inline double wheelRadius(CSVGBase *c, const char *id) { return node(c, id)->children().front()->numAttribute("r"); }
+// How many members of a numbered series (prefix_1, prefix_2, …) the drawing holds.
+inline int seriesCount(CSVGBase *c, const char *prefix)
+{
+    int k = 0;
+    while (c->document()->namedNode(QString("%1_%2").arg(prefix).arg(k + 1)))
+        ++k;
+    return k;
+}

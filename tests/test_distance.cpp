@@ -1,5 +1,5 @@
 // The distance marker: two free ends, the end styles, the upright label on the left of
-// the line, and the label through capture.
+// the line.
 #include "forces.h"
 #include <mechanics/Distance.h>
 
@@ -91,20 +91,3 @@ INSTANTIATE_TEST_SUITE_P(Distance, DistanceEnds,
                          ::testing::Values(StyleCase{"0", true, true, 0}, StyleCase{"1", true, false, 1},
                                            StyleCase{"2", false, true, 1}, StyleCase{"3", true, true, 0},
                                            StyleCase{"-1", true, true, 0}));
-
-TEST_F(Distance, RestorePutsBackTheLabelWithEveryOtherValue)
-{
-    ObjPtr o = makeObject(201, true);
-    CSVGBase *c = o->content();
-    type(c, "idLabelText", "\u0394x");
-    type(c, "idDashed", "true");
-    moveEnd(o, "control_1", centre(c, "control_1") + QPointF(30, 80));
-    const QJsonArray panel = settingsOf(c);
-    capture(c);
-    type(c, "idLabelText", "L");
-    type(c, "idEndStyle", "2");
-    moveEnd(o, "control_2", QPointF(0, 0));
-    EXPECT_TRUE(c->editRestore());
-    EXPECT_EQ(settingsOf(c), panel);
-    EXPECT_EQ(node(c, "label")->text(), "\u0394x");
-}

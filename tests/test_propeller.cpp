@@ -8,13 +8,6 @@ namespace {
 constexpr double kPi = 3.141592653589793;
 const QPointF kHub(60, 60);
 
-int bladeCount(CSVGBase *c)
-{
-    int k = 0;
-    while (c->document()->namedNode(QString("blade_%1").arg(k + 1)))
-        ++k;
-    return k;
-}
 // Where blade k's tip is drawn (its outline's tip point, through the rotor and its own turn).
 QPointF bladeTip(CSVGBase *c, int k)
 {
@@ -71,7 +64,7 @@ TEST_P(PropellerBlades, BladesAreRegeneratedEvenlyAnticlockwise)
     type(c, "idAngle", "20");
     EXPECT_TRUE(type(c, "idBladeCount", GetParam().index) || GetParam().blades == 3);  // 3 blades by default
     type(c, "idBladeColor", "#c62828");
-    ASSERT_EQ(bladeCount(c), GetParam().blades);
+    ASSERT_EQ(seriesCount(c, "blade"), GetParam().blades);
     for (int k = 1; k <= GetParam().blades; ++k) {
         const QPointF tip = bladeTip(c, k) - kHub;
         const double expected = 20 + 360.0 * (k - 1) / GetParam().blades;

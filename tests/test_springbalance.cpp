@@ -5,8 +5,6 @@
 
 namespace {
 
-CSpringbalance *balance(const ObjPtr &o) { return static_cast<CSpringbalance *>(o->content()); }
-
 double pointerY(CSVGBase *c) { return node(c, "pointer")->documentTransform().map(QPointF(40, 90)).y(); }
 double tickY(CSVGBase *c, int k) { return node(c, QString("line_%1").arg(k).toLatin1().constData())->numAttribute("y1"); }
 
@@ -24,49 +22,38 @@ struct Springbalance : ApparatusTest {};
 } // namespace
 
 struct RangeCase {
-    const char *range;
-    const char *typed, *reads;
+    const char *range, *typed, *to, *reads;  // `to`: another range chosen afterwards
     long tick;  // line_k the pointer stands at
     QStringList numbers;
 };
 
 class SpringbalanceRange : public Springbalance, public ::testing::WithParamInterface<RangeCase> {};
 
-// A typed reading moves the hook; the pointer then stands at the tick the reading names.
+// A typed reading moves the hook, and the pointer then stands at the tick the reading
+// names; another range keeps the hook where it is and rescales the reading.
 TEST_P(SpringbalanceRange, PointerStandsAtTheTickItsReadingNames)
 {
     ObjPtr o = makeObject(203, true);
     CSVGBase *c = o->content();
     const RangeCase &t = GetParam();
     type(c, "idRange", t.range);
-    EXPECT_EQ(numbers(c), t.numbers);
     type(c, "idForceValue", t.typed);
+    if (*t.to)
+        type(c, "idRange", t.to);
+    EXPECT_EQ(numbers(c), t.numbers);
+    EXPECT_EQ(item(c, "idForceValue").value("max").toString(), t.numbers.last());
     EXPECT_EQ(shown(c, "idForceValue"), t.reads);
     EXPECT_DOUBLE_EQ(pointerY(c), tickY(c, t.tick));
 }
 
 INSTANTIATE_TEST_SUITE_P(Springbalance, SpringbalanceRange, ::testing::Values(
-    RangeCase{"1", "3.6", "3.6", 37, {"0", "1", "2", "3", "4", "5"}},
-    RangeCase{"0", "1.85", "1.85", 38, {"0", "0.5", "1", "1.5", "2", "2.5"}},
-    RangeCase{"2", "7.2", "7.2", 37, {"0", "2", "4", "6", "8", "10"}},
-    RangeCase{"1", "9", "5.0", 51, {"0", "1", "2", "3", "4", "5"}},     // held to the full scale
-    RangeCase{"1", "-2", "0.0", 1, {"0", "1", "2", "3", "4", "5"}},
-    RangeCase{"0", " 2.5 ", "2.50", 51, {"0", "0.5", "1", "1.5", "2", "2.5"}}));
-
-TEST_F(Springbalance, RangeChangeKeepsTheHookAndRescalesTheReading)
-{
-    ObjPtr o = makeObject(203, true);
-    CSVGBase *c = o->content();
-    type(c, "idForceValue", "3.6");
-    const QPointF hook = centre(c, "control_1");
-    type(c, "idRange", "2");
-    EXPECT_EQ(centre(c, "control_1"), hook);
-    EXPECT_EQ(balance(o)->fullScale(), 10);
-    EXPECT_EQ(shown(c, "idForceValue"), "7.2");
-    EXPECT_EQ(item(c, "idForceValue").value("max").toString(), "10");
-    type(c, "idRange", "0");
-    EXPECT_EQ(shown(c, "idForceValue"), "1.80");
-}
+    RangeCase{"1", "3.6", "", "3.6", 37, {"0", "1", "2", "3", "4", "5"}},
+    RangeCase{"0", "1.85", "", "1.85", 38, {"0", "0.5", "1", "1.5", "2", "2.5"}},
+    RangeCase{"1", "9", "", "5.0", 51, {"0", "1", "2", "3", "4", "5"}},  // held to the full scale
+    RangeCase{"1", "-2", "", "0.0", 1, {"0", "1", "2", "3", "4", "5"}},
+    RangeCase{"0", " 2.5 ", "", "2.50", 51, {"0", "0.5", "1", "1.5", "2", "2.5"}},
+    RangeCase{"1", "3.6", "2", "7.2", 37, {"0", "2", "4", "6", "8", "10"}},
+    RangeCase{"1", "3.6", "0", "1.80", 37, {"0", "0.5", "1", "1.5", "2", "2.5"}}));
 
 TEST_F(Springbalance, DragRestsOnItsReadingAndPostsIt)
 {
