@@ -43,6 +43,7 @@ set(PHYS_SOURCES
   bases/PanelCache.cpp
   bases/PanelItems.cpp
   bases/Poles.cpp
+  bases/PulleyRig.cpp
   bases/Pulleys.cpp
   bases/FieldLines.cpp
   bases/Series.cpp
@@ -64,6 +65,7 @@ set(PHYS_SOURCES
   bases/PanelCache.h
   bases/PanelItems.h
   bases/Poles.h
+  bases/PulleyRig.h
   bases/Pulleys.h
   bases/FieldLines.h
   bases/Series.h

@@ -1,4 +1,10 @@
 #include "LinearScale.h"
+#include "Attribute.h"
+#include "HandlePos.h"
+#include "PanelItems.h"
+#include <QDataStream>
+#include <QJsonArray>
+#include <QJsonObject>
 #include "Series.h"
 #include <QVector>
 #include <algorithm>
@@ -92,6 +98,60 @@ int Reading::settle(double travel, double moved) const
         return n;
     const double lo = bothWays ? -steps : 0;
     return int(std::max(lo, std::min(double(steps), double(n + (moved > 0 ? 1 : -1)))));
+}
+
+double PointerHandle::travel(const CSVGBase &obj) const
+{
+    QSvgNode *h = obj.controlNodes().value(0);
+    return h ? dir * (h->rect().center().y() - zeroY) : 0;
+}
+
+void PointerHandle::moveTo(CSVGBase &obj, double t, bool &guard) const
+{
+    if (QSvgNode *h = obj.controlNodes().value(0))
+        HandlePos::set(obj, 0, HandlePos::Y, zeroY + dir * t - h->rect().height() / 2, guard);
+}
+
+void PointerHandle::place(QSvgNode *handle, double t) const
+{
+    handle->setNumAttribute(QStringLiteral("y"), zeroY + dir * t - handle->rect().height() / 2);
+}
+
+void PointerHandle::settle(QSvgNode *handle, const Reading &reading, QPointF moved) const
+{
+    const double t = dir * (handle->rect().center().y() - zeroY);
+    place(handle, reading.travelOf(reading.settle(t, dir * moved.y())));
+}
+
+bool PointerHandle::typed(CSVGBase &obj, const QMap<QString, QString> &values, const QString &key, const Reading &reading,
+                          bool &guard) const
+{
+    const auto it = values.constFind(key);
+    int step = 0;
+    if (it == values.cend() || !reading.typed(*it, step))
+        return false;
+    moveTo(obj, reading.travelOf(step), guard);
+    return true;
+}
+
+QByteArray rangeChoices()
+{
+    QByteArray data;
+    QDataStream out(&data, QIODevice::WriteOnly);
+    out << int(3) << int(0) << QStringLiteral("IDS_SVG_PHYSICAL_RANGE_0") << QStringLiteral("IDS_SVG_PHYSICAL_RANGE_1")
+        << QStringLiteral("IDS_SVG_PHYSICAL_RANGE_2");
+    return data;
+}
+
+void appendRange(CAttribute &obj, QJsonArray &array, int rangeAttr)
+{
+    const int at = array.size();
+    PanelItems::append(obj, array, {{"idRange", rangeAttr}});
+    if (array.size() == at)
+        return;
+    QJsonObject range = array.at(at).toObject();
+    range.insert(QStringLiteral("refreshAfterSet"), true);
+    array.replace(at, range);
 }
 
 } // namespace LinearScale

@@ -2,11 +2,15 @@
 // A straight graduated scale read by a pointer (a spring balance, a measuring cylinder,
 // a U-tube's board): its ticks and numbers laid along it as numbered series, and what a
 // pointer's travel along it reads.
+#include <QMap>
 #include <QPointF>
 #include <QString>
 #include <functional>
 
+class CAttribute;
 class CSVGBase;
+class QJsonArray;
+class QSvgNode;
 
 namespace LinearScale {
 
@@ -55,5 +59,29 @@ struct Reading {
     // nudge always moves the pointer.
     int settle(double travel, double moved) const;
 };
+
+// The handle (control_1) that sets a pointer's travel along a vertical scale, counted
+// from zeroY down the page (a balance's hook, a gauge's surface) or up it (a meniscus).
+struct PointerHandle {
+    double zeroY;
+    double dir = 1;  // 1: travel counts downwards; -1: upwards
+
+    double travel(const CSVGBase &obj) const;
+    // Moves the handle to that travel, as a typed value does.
+    void moveTo(CSVGBase &obj, double travel, bool &guard) const;
+    // Puts the handle's centre at that travel, outside the edit path (a range change).
+    void place(QSvgNode *handle, double travel) const;
+    // At the end of a drag: the handle comes to rest on the step it reads (Reading::settle).
+    void settle(QSvgNode *handle, const Reading &reading, QPointF moved) const;
+    // A value typed under `key`, taken to its nearest step; false when none was typed.
+    bool typed(CSVGBase &obj, const QMap<QString, QString> &values, const QString &key, const Reading &reading,
+               bool &guard) const;
+};
+
+// An instrument with three ranges: the choices "IDS_SVG_PHYSICAL_RANGE_0" … "_2", and
+// the "idRange" combo box, which redraws the panel after a choice because the reading's
+// bounds follow the range.
+QByteArray rangeChoices();
+void appendRange(CAttribute &obj, QJsonArray &array, int rangeAttr);
 
 } // namespace LinearScale

@@ -1,9 +1,7 @@
 #include "Cylinder.h"
-#include "bases/AttrValue.h"
-#include "bases/HandlePos.h"
 #include "bases/HostColour.h"
+#include "bases/PanelItems.h"
 #include <QJsonArray>
-#include <QJsonObject>
 #include <cmath>
 #include <svgobj.h>
 
@@ -16,6 +14,7 @@ constexpr double kCentreX = (kLeft + kRight) / 2;
 // The meniscus climbs the walls this far above its bottom.
 constexpr double kMeniscusRise = 4;
 constexpr double kTickX = 28;
+constexpr LinearScale::PointerHandle kMeniscus{kEmptyY, -1};
 
 struct Range {
     int capacity;
@@ -89,14 +88,7 @@ void Cylinder::ResetAtrribute()
     m_attributes[kColourAttr].color = QColor(0x3A, 0x7B, 0xD5);
 }
 
-QByteArray Cylinder::GetComboboxData()
-{
-    QByteArray data;
-    QDataStream out(&data, QIODevice::WriteOnly);
-    out << int(3) << int(0) << QStringLiteral("IDS_SVG_PHYSICAL_RANGE_0") << QStringLiteral("IDS_SVG_PHYSICAL_RANGE_1")
-        << QStringLiteral("IDS_SVG_PHYSICAL_RANGE_2");
-    return data;
-}
+QByteArray Cylinder::GetComboboxData() { return LinearScale::rangeChoices(); }
 
 LinearScale::Reading Cylinder::readingOf(int range) const
 {
@@ -114,11 +106,7 @@ LinearScale::Reading Cylinder::reading() const { return readingOf(m_attributes.v
 
 double Cylinder::capacity() const { return reading().full; }
 
-double Cylinder::level() const
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    return h ? kEmptyY - h->rect().center().y() : 0;
-}
+double Cylinder::level() const { return kMeniscus.travel(*this); }
 
 QString Cylinder::volumeText() const
 {
@@ -162,7 +150,7 @@ void Cylinder::UpdateCombobox(bool)
     if (h && !isLoading() && m_nScaleRange >= 0 && m_nScaleRange != range) {
         const LinearScale::Reading before = readingOf(m_nScaleRange), after = readingOf(range);
         const int step = after.stepOf(before.valueOf(before.stepAt(level())));
-        h->setNumAttribute(QStringLiteral("y"), kEmptyY - after.travelOf(step) - h->rect().height() / 2);
+        kMeniscus.place(h, after.travelOf(step));
     }
     layScale();
     layout();
@@ -213,24 +201,14 @@ bool Cylinder::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
     if (m_nScaleRange != qBound(0, m_attributes.value(kRangeAttr).intValue, 2))
         layScale();
     // A drag comes to rest on the volume it shows: the meniscus stands at its reading.
-    if (bFinal && !m_bByCode && !isLoading()) {
-        const LinearScale::Reading r = reading();
-        node->setNumAttribute(QStringLiteral("y"),
-                              kEmptyY - r.travelOf(r.settle(level(), -offset.y())) - node->rect().height() / 2);
-    }
+    if (bFinal && !m_bByCode && !isLoading())
+        kMeniscus.settle(node, reading(), offset);
     layout();
     if (!m_bByCode && !isLoading())
         ShownValues::postChanged(before, m_shown);
     Resize(bFinal);
     repaint();
     return true;
-}
-
-void Cylinder::moveMeniscus(double h)
-{
-    QSvgNode *node = m_controlNodes.value(0);
-    if (node)
-        HandlePos::set(*this, 0, HandlePos::Y, kEmptyY - h - node->rect().height() / 2, m_bByCode);
 }
 
 void Cylinder::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
@@ -244,34 +222,18 @@ void Cylinder::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    QJsonObject range = m_pOwner->GetSettingJsonComboBox(
-        QStringLiteral("idRange"), QStringLiteral("IDS_PHYSICSOBJ_RANGE"), m_attributes.value(kRangeAttr).intValue, QStringList(),
-        {QStringLiteral("IDS_PHYSICSOBJ_RANGE_0"), QStringLiteral("IDS_PHYSICSOBJ_RANGE_1"), QStringLiteral("IDS_PHYSICSOBJ_RANGE_2")});
-    range.insert(QStringLiteral("refreshAfterSet"), true);
-    array.append(range);
+    LinearScale::appendRange(*this, array, kRangeAttr);
     array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idVolume"), QStringLiteral("IDS_PHYSICSOBJ_VOLUME"), volumeText(),
                                                QStringLiteral("float"), QStringLiteral("0"), QString::number(capacity()),
                                                QStringLiteral("mL")));
-    array.append(m_pOwner->GetSettingJsonColorPicker(QStringLiteral("idLiquidColor"), QStringLiteral("IDS_PHYSICSOBJ_LIQUID_COLOR"),
-                                                     m_attributes.value(kColourAttr).color.name()));
+    PanelItems::append(*this, array, {{"idLiquidColor", kColourAttr}});
 }
 
 bool Cylinder::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    const auto range = values.constFind(QStringLiteral("idRange"));
-    bool ok = false;
-    const int index = range != values.cend() ? range->trimmed().toInt(&ok) : 0;
-    if (ok)
-        AttrValue::apply(*this, kRangeAttr, index, bRecord, bUndo);
-    const auto colour = values.constFind(QStringLiteral("idLiquidColor"));
-    if (colour != values.cend() && QColor::isValidColor(*colour))
-        AttrValue::applyColour(*this, kColourAttr, *colour, bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idRange", kRangeAttr}, {"idLiquidColor", kColourAttr}}, bRecord, bUndo);
     // A typed volume is read to the half division, and the level moves to it.
-    const auto volume = values.constFind(QStringLiteral("idVolume"));
-    const LinearScale::Reading r = reading();
-    int step = 0;
-    if (volume != values.cend() && r.typed(*volume, step))
-        moveMeniscus(r.travelOf(step));
+    kMeniscus.typed(*this, values, QStringLiteral("idVolume"), reading(), m_bByCode);
     return true;
 }
 

@@ -40,7 +40,6 @@ private:
     void layScale();
     // The liquid from where the meniscus is.
     void layout();
-    void moveMeniscus(double level);
 
     QRectF m_rcBody;
     int m_nScaleRange = -1;  // the range the graduation shows

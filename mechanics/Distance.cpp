@@ -1,5 +1,5 @@
 #include "Distance.h"
-#include "bases/AttrValue.h"
+#include "bases/PanelItems.h"
 #include "bases/UprightText.h"
 #include <QJsonArray>
 #include <cmath>
@@ -10,8 +10,6 @@ namespace {
 constexpr int kColourAttr = 5100, kDashedAttr = 5101, kEndStyleAttr = 5102;
 enum EndStyle { ArrowsAndBars, ArrowsOnly, BarsOnly };
 constexpr double kBarHalf = 8, kHeadLength = 10, kHeadHalfWidth = 3.5, kLabelOffset = 10;
-
-bool isTrue(const QString &text) { return text == QLatin1String("true") || text == QLatin1String("1"); }
 
 void setLine(QSvgNode *n, QPointF a, QPointF b)
 {
@@ -178,15 +176,7 @@ void CDistance::GetSettingArray(QJsonArray &array)
         return;
     array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idLabelText"), QStringLiteral("IDS_PHYSICSOBJ_LABEL_TEXT"),
                                                m_strLabel, QStringLiteral("text"), QString(), QString(), QString()));
-    array.append(m_pOwner->GetSettingJsonColorPicker(QStringLiteral("idLineColor"), QStringLiteral("IDS_PHYSICSOBJ_LINE_COLOR"),
-                                                     m_attributes.value(kColourAttr).color.name()));
-    array.append(m_pOwner->GetSettingJsonSwitch(QStringLiteral("idDashed"), QStringLiteral("IDS_PHYSICSOBJ_DASHED"),
-                                                m_attributes.value(kDashedAttr).boolValue));
-    array.append(m_pOwner->GetSettingJsonComboBox(
-        QStringLiteral("idEndStyle"), QStringLiteral("IDS_PHYSICSOBJ_END_STYLE"), m_attributes.value(kEndStyleAttr).intValue,
-        QStringList(),
-        {QStringLiteral("IDS_PHYSICSOBJ_END_STYLE_0"), QStringLiteral("IDS_PHYSICSOBJ_END_STYLE_1"),
-         QStringLiteral("IDS_PHYSICSOBJ_END_STYLE_2")}));
+    PanelItems::append(*this, array, {{"idLineColor", kColourAttr}, {"idDashed", kDashedAttr}, {"idEndStyle", kEndStyleAttr}});
 }
 
 bool CDistance::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
@@ -198,17 +188,8 @@ bool CDistance::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bo
         Resize(true);
         repaint();
     }
-    const auto colour = values.constFind(QStringLiteral("idLineColor"));
-    if (colour != values.cend() && QColor::isValidColor(*colour))
-        AttrValue::applyColour(*this, kColourAttr, *colour, bRecord, bUndo);
-    const auto dashed = values.constFind(QStringLiteral("idDashed"));
-    if (dashed != values.cend())
-        AttrValue::apply(*this, kDashedAttr, isTrue(*dashed), bRecord, bUndo);
-    const auto style = values.constFind(QStringLiteral("idEndStyle"));
-    bool ok = false;
-    const int index = style != values.cend() ? style->trimmed().toInt(&ok) : 0;
-    if (ok)
-        AttrValue::apply(*this, kEndStyleAttr, index, bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idLineColor", kColourAttr}, {"idDashed", kDashedAttr}, {"idEndStyle", kEndStyleAttr}},
+                      bRecord, bUndo);
     return true;
 }
 

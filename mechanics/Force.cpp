@@ -1,6 +1,6 @@
 #include "Force.h"
-#include "bases/AttrValue.h"
 #include "bases/HandlePos.h"
+#include "bases/PanelItems.h"
 #include "bases/UprightText.h"
 #include <QJsonArray>
 #include <cmath>
@@ -15,8 +15,6 @@ constexpr double kTailX = 12, kTailY = 30;
 // The head at full size: length, half-width, and how far back its notch is.
 constexpr double kHeadLength = 16, kHeadHalfWidth = 6.5, kHeadNotch = 12;
 constexpr double kLabelGap = 5;
-
-bool isTrue(const QString &text) { return text == QLatin1String("true") || text == QLatin1String("1"); }
 
 } // namespace
 
@@ -165,13 +163,7 @@ void CForce::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
 
 void CForce::moveTip(double angle, double length)
 {
-    QSvgNode *h = m_controlNodes.value(0);
-    if (!h)
-        return;
-    const double r = angle * kPi / 180;
-    const QRectF box = h->rect();
-    const QPointF centre = pivot() + QPointF(std::cos(r), -std::sin(r)) * length;
-    HandlePos::moveTo(*this, 0, centre - QPointF(box.width() / 2, box.height() / 2), m_bByCode);
+    HandlePos::moveTo(*this, 0, HandlePos::topLeftAt(*this, 0, pivot(), {angle, length}), m_bByCode);
 }
 
 void CForce::GetSettingArray(QJsonArray &array)
@@ -186,12 +178,7 @@ void CForce::GetSettingArray(QJsonArray &array)
     array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idAngle"), QStringLiteral("IDS_PHYSICSOBJ_ANGLE"),
                                                QString::number(HandlePos::shownDegrees(m_dAngle)), QStringLiteral("int"),
                                                QStringLiteral("-180"), QStringLiteral("180"), QStringLiteral("°")));
-    array.append(m_pOwner->GetSettingJsonColorPicker(QStringLiteral("idArrowColor"), QStringLiteral("IDS_PHYSICSOBJ_ARROW_COLOR"),
-                                                     m_attributes.value(kColourAttr).color.name()));
-    array.append(m_pOwner->GetSettingJsonSwitch(QStringLiteral("idDashed"), QStringLiteral("IDS_PHYSICSOBJ_DASHED"),
-                                                m_attributes.value(kDashedAttr).boolValue));
-    array.append(m_pOwner->GetSettingJsonSwitch(QStringLiteral("idShowValue"), QStringLiteral("IDS_PHYSICSOBJ_SHOW_VALUE"),
-                                                m_attributes.value(kShowValueAttr).boolValue));
+    PanelItems::append(*this, array, {{"idArrowColor", kColourAttr}, {"idDashed", kDashedAttr}, {"idShowValue", kShowValueAttr}});
 }
 
 bool CForce::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
@@ -203,21 +190,12 @@ bool CForce::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool 
         Resize(true);
         repaint();
     }
-    const auto colour = values.constFind(QStringLiteral("idArrowColor"));
-    if (colour != values.cend() && QColor::isValidColor(*colour))
-        AttrValue::applyColour(*this, kColourAttr, *colour, bRecord, bUndo);
-    const auto dashed = values.constFind(QStringLiteral("idDashed"));
-    if (dashed != values.cend())
-        AttrValue::apply(*this, kDashedAttr, isTrue(*dashed), bRecord, bUndo);
-    const auto shown = values.constFind(QStringLiteral("idShowValue"));
-    if (shown != values.cend())
-        AttrValue::apply(*this, kShowValueAttr, isTrue(*shown), bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idArrowColor", kColourAttr}, {"idDashed", kDashedAttr}, {"idShowValue", kShowValueAttr}},
+                      bRecord, bUndo);
     // A typed magnitude keeps the direction; a typed direction keeps the magnitude.
-    const auto value = values.constFind(QStringLiteral("idForceValue"));
-    bool ok = false;
-    const double newtons = value != values.cend() ? value->trimmed().toDouble(&ok) : 0;
-    if (ok && std::isfinite(newtons))
-        moveTip(m_dAngle, std::max(kMinNewtons, std::min(kMaxNewtons, newtons)) * kUnitsPerNewton);
+    double newtons = 0;
+    if (HandlePos::typedNumber(values, QStringLiteral("idForceValue"), kMinNewtons, kMaxNewtons, false, newtons))
+        moveTip(m_dAngle, newtons * kUnitsPerNewton);
     const auto angle = values.constFind(QStringLiteral("idAngle"));
     int degrees = 0;
     if (angle != values.cend() && HandlePos::typedDegrees(*angle, degrees))

@@ -1,6 +1,6 @@
 #include "HookCode.h"
-#include "bases/AttrValue.h"
 #include "bases/HostColour.h"
+#include "bases/PanelItems.h"
 #include "bases/Series.h"
 #include <QJsonArray>
 #include <svgobj.h>
@@ -63,9 +63,11 @@ int CHookCode::getSVGType() { return 207; }
 void CHookCode::ResetAtrribute()
 {
     addAttribute(kCountAttr, 1101, 1, QStringLiteral("IDS_SVG_PHYSICAL_COUNT"), 1);
-    addAttribute(kMassAttr, 1102, 1, QStringLiteral("IDS_SVG_PHYSICAL_MASS_EACH"), 1);
-    // Two combo boxes: the masses offer three choices, the count six.
-    setChoiceCount(kMassAttr, 3);
+    // The second combo box has options of its own: the masses' property item shows them,
+    // not the count's.
+    addCombo(kMassAttr, 1102, QStringLiteral("IDS_SVG_PHYSICAL_MASS_EACH"), 1,
+             {QStringLiteral("IDS_SVG_PHYSICAL_MASS_10G"), QStringLiteral("IDS_SVG_PHYSICAL_MASS_50G"),
+              QStringLiteral("IDS_SVG_PHYSICAL_MASS_100G")});
 }
 
 QByteArray CHookCode::GetComboboxData()
@@ -149,29 +151,12 @@ void CHookCode::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
 
 void CHookCode::GetSettingArray(QJsonArray &array)
 {
-    if (!m_pOwner)
-        return;
-    QStringList counts;
-    for (int n = 1; n <= kMaxCount; ++n)
-        counts << QString::number(n);
-    array.append(m_pOwner->GetSettingJsonComboBox(QStringLiteral("idCount"), QStringLiteral("IDS_PHYSICSOBJ_COUNT"),
-                                                  m_attributes.value(kCountAttr).intValue, QStringList(), counts));
-    array.append(m_pOwner->GetSettingJsonComboBox(
-        QStringLiteral("idMassEach"), QStringLiteral("IDS_PHYSICSOBJ_MASS_EACH"), m_attributes.value(kMassAttr).intValue,
-        QStringList(),
-        {QStringLiteral("IDS_PHYSICSOBJ_MASS_10G"), QStringLiteral("IDS_PHYSICSOBJ_MASS_50G"),
-         QStringLiteral("IDS_PHYSICSOBJ_MASS_100G")}));
+    PanelItems::append(*this, array, {{"idCount", kCountAttr}, {"idMassEach", kMassAttr}});
 }
 
 bool CHookCode::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    for (const auto &[key, attr] : {std::pair<const char *, int>{"idCount", kCountAttr}, {"idMassEach", kMassAttr}}) {
-        const auto it = values.constFind(QLatin1String(key));
-        bool ok = false;
-        const int index = it != values.cend() ? it->trimmed().toInt(&ok) : 0;
-        if (ok)
-            AttrValue::apply(*this, attr, index, bRecord, bUndo);
-    }
+    PanelItems::apply(*this, values, {{"idCount", kCountAttr}, {"idMassEach", kMassAttr}}, bRecord, bUndo);
     return true;
 }
 

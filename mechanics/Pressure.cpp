@@ -1,7 +1,6 @@
 #include "Pressure.h"
-#include "bases/AttrValue.h"
-#include "bases/HandlePos.h"
 #include "bases/HostColour.h"
+#include "bases/PanelItems.h"
 #include <QJsonArray>
 #include <cmath>
 #include <svgobj.h>
@@ -12,8 +11,7 @@ constexpr int kColourAttr = 5100, kProbeAttr = 5101;
 // The arms' bores: left 95..105, right 155..165; both straight down to the bend at y 285.
 constexpr double kLeftX = 100, kRightX = 160, kBore = 10, kBendTop = 285;
 constexpr double kTravel = 100;  // 10 cm either way
-
-bool isTrue(const QString &text) { return text == QLatin1String("true") || text == QLatin1String("1"); }
+constexpr LinearScale::PointerHandle kSurface{CPressure::kRestY, 1};
 
 QString scaleTemplate()
 {
@@ -117,11 +115,7 @@ LinearScale::Reading CPressure::reading()
     return r;
 }
 
-double CPressure::drop() const
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    return h ? h->rect().center().y() - kRestY : 0;
-}
+double CPressure::drop() const { return kSurface.travel(*this); }
 
 QString CPressure::differenceText() const
 {
@@ -201,10 +195,8 @@ bool CPressure::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
         return false;
     const ShownValues::Texts before = m_shown;
     // A drag comes to rest on the difference it shows: the levels differ by the reading.
-    if (bFinal && !m_bByCode && !isLoading()) {
-        const LinearScale::Reading r = reading();
-        node->setNumAttribute(QStringLiteral("y"), kRestY + r.travelOf(r.settle(drop(), offset.y())) - node->rect().height() / 2);
-    }
+    if (bFinal && !m_bByCode && !isLoading())
+        kSurface.settle(node, reading(), offset);
     layout();
     if (!m_bByCode && !isLoading())
         ShownValues::postChanged(before, m_shown);
@@ -213,21 +205,11 @@ bool CPressure::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
     return true;
 }
 
-void CPressure::moveSurface(double d)
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    if (h)
-        HandlePos::set(*this, 0, HandlePos::Y, kRestY + d - h->rect().height() / 2, m_bByCode);
-}
-
 void CPressure::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    array.append(m_pOwner->GetSettingJsonColorPicker(QStringLiteral("idLiquidColor"), QStringLiteral("IDS_PHYSICSOBJ_LIQUID_COLOR"),
-                                                     m_attributes.value(kColourAttr).color.name()));
-    array.append(m_pOwner->GetSettingJsonSwitch(QStringLiteral("idShowProbe"), QStringLiteral("IDS_PHYSICSOBJ_SHOW_PROBE"),
-                                                m_attributes.value(kProbeAttr).boolValue));
+    PanelItems::append(*this, array, {{"idLiquidColor", kColourAttr}, {"idShowProbe", kProbeAttr}});
     array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idHeightDiff"), QStringLiteral("IDS_PHYSICSOBJ_HEIGHT_DIFF"),
                                                differenceText(), QStringLiteral("float"), QStringLiteral("-20"),
                                                QStringLiteral("20"), QStringLiteral("cm")));
@@ -235,18 +217,9 @@ void CPressure::GetSettingArray(QJsonArray &array)
 
 bool CPressure::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    const auto colour = values.constFind(QStringLiteral("idLiquidColor"));
-    if (colour != values.cend() && QColor::isValidColor(*colour))
-        AttrValue::applyColour(*this, kColourAttr, *colour, bRecord, bUndo);
-    const auto probe = values.constFind(QStringLiteral("idShowProbe"));
-    if (probe != values.cend())
-        AttrValue::apply(*this, kProbeAttr, isTrue(*probe), bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idLiquidColor", kColourAttr}, {"idShowProbe", kProbeAttr}}, bRecord, bUndo);
     // A typed difference, to a tenth of a centimetre, splits evenly between the arms.
-    const auto diff = values.constFind(QStringLiteral("idHeightDiff"));
-    const LinearScale::Reading r = reading();
-    int step = 0;
-    if (diff != values.cend() && r.typed(*diff, step))
-        moveSurface(r.travelOf(step));
+    kSurface.typed(*this, values, QStringLiteral("idHeightDiff"), reading(), m_bByCode);
     return true;
 }
 

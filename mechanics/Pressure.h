@@ -36,7 +36,6 @@ public:
 private:
     // The liquid from where the left surface is.
     void layout();
-    void moveSurface(double drop);
 
     bool m_bByCode = false;
     ShownValues::Texts m_shown;  // what the panel shows of the values a drag changes

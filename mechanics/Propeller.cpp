@@ -1,6 +1,6 @@
 #include "Propeller.h"
-#include "bases/AttrValue.h"
 #include "bases/HandlePos.h"
+#include "bases/PanelItems.h"
 #include "bases/Series.h"
 #include <QJsonArray>
 #include <cmath>
@@ -140,11 +140,7 @@ void CPropeller::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    array.append(m_pOwner->GetSettingJsonComboBox(QStringLiteral("idBladeCount"), QStringLiteral("IDS_PHYSICSOBJ_BLADE_COUNT"),
-                                                  m_attributes.value(kCountAttr).intValue, QStringList(),
-                                                  {QStringLiteral("2"), QStringLiteral("3"), QStringLiteral("4")}));
-    array.append(m_pOwner->GetSettingJsonColorPicker(QStringLiteral("idBladeColor"), QStringLiteral("IDS_PHYSICSOBJ_BLADE_COLOR"),
-                                                     m_attributes.value(kColourAttr).color.name()));
+    PanelItems::append(*this, array, {{"idBladeCount", kCountAttr}, {"idBladeColor", kColourAttr}});
     array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idAngle"), QStringLiteral("IDS_PHYSICSOBJ_ANGLE"),
                                                QString::number(HandlePos::shownDegrees(m_dAngle)), QStringLiteral("int"),
                                                QStringLiteral("-180"), QStringLiteral("180"), QStringLiteral("°")));
@@ -152,22 +148,12 @@ void CPropeller::GetSettingArray(QJsonArray &array)
 
 bool CPropeller::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    const auto count = values.constFind(QStringLiteral("idBladeCount"));
-    bool ok = false;
-    const int index = count != values.cend() ? count->trimmed().toInt(&ok) : 0;
-    if (ok)
-        AttrValue::apply(*this, kCountAttr, index, bRecord, bUndo);
-    const auto colour = values.constFind(QStringLiteral("idBladeColor"));
-    if (colour != values.cend() && QColor::isValidColor(*colour))
-        AttrValue::applyColour(*this, kColourAttr, *colour, bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idBladeCount", kCountAttr}, {"idBladeColor", kColourAttr}}, bRecord, bUndo);
     const auto angle = values.constFind(QStringLiteral("idAngle"));
     int degrees = 0;
-    QSvgNode *h = m_controlNodes.value(0);
-    if (h && angle != values.cend() && HandlePos::typedDegrees(*angle, degrees)) {
-        const double r = degrees * 3.141592653589793 / 180;
-        const QPointF centre = QPointF(kHubX, kHubY) + QPointF(std::cos(r), -std::sin(r)) * kTipRadius;
-        HandlePos::moveTo(*this, 0, centre - QPointF(h->rect().width() / 2, h->rect().height() / 2), m_bByCode);
-    }
+    if (angle != values.cend() && HandlePos::typedDegrees(*angle, degrees))
+        HandlePos::moveTo(*this, 0, HandlePos::topLeftAt(*this, 0, QPointF(kHubX, kHubY), {double(degrees), kTipRadius}),
+                          m_bByCode);
     return true;
 }
 

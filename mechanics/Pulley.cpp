@@ -1,7 +1,6 @@
 #include "Pulley.h"
-#include "bases/AttrValue.h"
-#include "bases/HandlePos.h"
 #include "bases/HostColour.h"
+#include "bases/PanelItems.h"
 #include "bases/Pulleys.h"
 #include <QJsonArray>
 #include <svgobj.h>
@@ -16,7 +15,7 @@ constexpr double kLeftX = kAxleX - kRadius, kRightX = kAxleX + kRadius;
 
 } // namespace
 
-CPulley::CPulley(CSVGObj *owner) : CBasic(owner) {}
+CPulley::CPulley(CSVGObj *owner) : CPulleyRig(owner) {}
 
 CPulley::~CPulley() = default;
 
@@ -64,7 +63,7 @@ void CPulley::SVGInit(bool, bool)
 {
     // The host's colour is the beam's; metal and rope keep theirs.
     HostColour::paintsOnly(*this, {QStringLiteral("ceiling")});
-    layout();
+    refresh();
     Resize(false);
 }
 
@@ -89,34 +88,6 @@ void CPulley::layout()
     Pulleys::setLine(m_pDocument->namedNode(QStringLiteral("rope_right")), QPointF(kRightX, kAxleY), QPointF(kRightX, end));
     if (QSvgNode *hook = m_pDocument->namedNode(QStringLiteral("hook_right")))
         hook->setAttribute(QStringLiteral("d"), Pulleys::hookPath(kRightX, end));
-    m_shown = {{QStringLiteral("idPosValue"), QString::number(percent())}};
-}
-
-bool CPulley::updateSVG(QSvgNode *node, QPointF, bool bFinal)
-{
-    if (!node || node != m_controlNodes.value(0))
-        return false;
-    m_before = m_shown;
-    layout();
-    Resize(bFinal);
-    repaint();
-    if (!m_bPosByCode && !isLoading())
-        posChangedByControl();
-    return true;
-}
-
-void CPulley::posChangedByControl() { ShownValues::postChanged(m_before, m_shown); }
-
-double CPulley::getControlPos() { return HandlePos::get(*this, 0, HandlePos::Y); }
-
-void CPulley::setControlPos(double y) { HandlePos::set(*this, 0, HandlePos::Y, y, m_bPosByCode); }
-
-int CPulley::percent() { return HandlePos::percent(*this, 0, HandlePos::Y, getControlPos()); }
-
-void CPulley::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
-{
-    if (m_pDocument)
-        enclose(m_pDocument->transformedBounds().adjusted(-1, -1, 1, 1), topLeft, bottomRight);
 }
 
 void CPulley::GetSettingArray(QJsonArray &array)
@@ -127,25 +98,13 @@ void CPulley::GetSettingArray(QJsonArray &array)
     array.append(m_pOwner->GetSettingJsonComboBox(QStringLiteral("idHookCount"), QStringLiteral("IDS_PHYSICSOBJ_HOOKCOUNT"),
                                                   m_attributes.value(kHookAttr).intValue, QStringList(),
                                                   {QStringLiteral("1"), QStringLiteral("2")}));
-    HandlePos::appendInput(*this, array, QStringLiteral("IDS_PHYSICSOBJ_ROPE_LENGTH"), percent());
+    appendRopeLength(array);
 }
 
 bool CPulley::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    const auto hooks = values.constFind(QStringLiteral("idHookCount"));
-    bool ok = false;
-    const int index = hooks != values.cend() ? hooks->trimmed().toInt(&ok) : 0;
-    if (ok)
-        AttrValue::apply(*this, kHookAttr, index, bRecord, bUndo);
-    double y = 0;
-    if (HandlePos::target(*this, values, 0, HandlePos::Y, false, y, HandlePos::Decimal))
-        setControlPos(y);
+    PanelItems::apply(*this, values, {{"idHookCount", kHookAttr}}, bRecord, bUndo);
+    typedRopeLength(values);
     return true;
 }
 
-bool CPulley::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
-{
-    const bool r = CBasic::SetAttribute(id, in, bRecord, bUndo);
-    keepEverything(id, m_bPosByCode);
-    return r;
-}

@@ -2,10 +2,9 @@
 // A fixed pulley hanging from a ceiling beam by its bracket, with a rope over the wheel:
 // the handle at the end of the right fall lengthens or shortens it; the left one keeps
 // its length.
-#include "bases/Basic.h"
-#include "bases/ShownValues.h"
+#include "bases/PulleyRig.h"
 
-class PHYSICALOBJECT_SHARED_EXPORT CPulley : public CBasic
+class PHYSICALOBJECT_SHARED_EXPORT CPulley : public CPulleyRig
 {
 public:
     explicit CPulley(CSVGObj *owner);
@@ -13,33 +12,20 @@ public:
 
     QString getSVG() override;
     int getSVGType() override;
-    bool updateSVG(QSvgNode *node, QPointF offset, bool bFinal) override;
-    using CBasic::updateSVG;
     void GetSettingArray(QJsonArray &array) override;
     bool SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo) override;
-    bool SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo) override;
 
     void SVGInit(bool bLoad, bool bLoaded) override;
     void UpdateCombobox(bool b) override;
     void ResetAtrribute() override;
     QByteArray GetComboboxData() override;
-    void CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight) override;
-
-    /* 71 */ virtual void posChangedByControl();
-    /* 72 */ virtual double getControlPos();
-    /* 73 */ virtual void setControlPos(double y);
 
     // The right fall, from where the rope leaves the wheel to its hook.
     double rightFall() const;
-    int percent();
 
     static constexpr double kMinFall = 20, kMaxFall = 600, kLeftFall = 100;
 
 private:
     // The right fall and its hook from where the handle is.
-    void layout();
-
-    bool m_bPosByCode = false;
-    ShownValues::Texts m_shown;
-    ShownValues::Texts m_before;
+    void layout() override;
 };

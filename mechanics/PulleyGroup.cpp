@@ -1,7 +1,6 @@
 #include "PulleyGroup.h"
-#include "bases/AttrValue.h"
-#include "bases/HandlePos.h"
 #include "bases/HostColour.h"
+#include "bases/PanelItems.h"
 #include "bases/Pulleys.h"
 #include <QJsonArray>
 #include <svgobj.h>
@@ -12,7 +11,7 @@ constexpr int kSegmentsAttr = 5100;
 constexpr int kFalls = 2;
 // The fixed wheel under the beam; the movable one hangs to its left, so that the fall
 // between them is straight: its right side under the fixed wheel's left side.
-constexpr double kFixedX = 100, kFixedY = 50, kFixedR = 22;
+constexpr double kFixedX = 100, kFixedY = CPulleyBlock::kFixedY, kFixedR = 22;
 constexpr double kMovingR = 16, kMovingX = kFixedX - kFixedR - kMovingR;
 constexpr double kBeamY = 10;
 // The template draws the movable pulley at its lowest; its hook's lowest point is the handle.
@@ -21,11 +20,9 @@ constexpr double kFreeRest = 40;
 
 QString num(double v) { return SvgNumbers::format(v); }
 
-bool isTrue(const QString &text) { return text == QLatin1String("true") || text == QLatin1String("1"); }
-
 } // namespace
 
-CPulleyGroup::CPulleyGroup(CSVGObj *owner) : CBasic(owner) {}
+CPulleyGroup::CPulleyGroup(CSVGObj *owner) : CPulleyBlock(owner, kHookBelowAxle, kSegmentsAttr) {}
 
 CPulleyGroup::~CPulleyGroup() = default;
 
@@ -76,27 +73,8 @@ void CPulleyGroup::SVGInit(bool, bool)
 {
     HostColour::paintsOnly(*this, {QStringLiteral("ceiling")});
     UpdateCheckBox(false);
-    layout();
+    refresh();
     Resize(false);
-}
-
-void CPulleyGroup::UpdateCheckBox(bool)
-{
-    if (QSvgNode *label = m_pDocument ? m_pDocument->namedNode(QStringLiteral("n_label")) : nullptr)
-        label->setVisible(m_attributes.value(kSegmentsAttr).boolValue);
-    repaint();
-}
-
-double CPulleyGroup::drop() const
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    return h ? h->rect().center().y() - kHookBelowAxle - kFixedY : kMaxDrop;
-}
-
-QPointF CPulleyGroup::freeEnd() const
-{
-    QSvgNode *h = m_controlNodes.value(1);
-    return h ? h->rect().center() : QPointF();
 }
 
 void CPulleyGroup::layout()
@@ -104,8 +82,7 @@ void CPulleyGroup::layout()
     if (!m_pDocument)
         return;
     const double d = drop(), my = kFixedY + d;
-    if (QSvgNode *moving = m_pDocument->namedNode(QStringLiteral("moving")))
-        moving->setAttribute(QStringLiteral("transform"), QStringLiteral("translate(0,%1)").arg(num(d - kMaxDrop)));
+    hangMovingBlock(d);
     // Both falls that hold the movable pulley end on it; the free end pays out what they take in.
     const double left = kMovingX - kMovingR, between = kMovingX + kMovingR, right = kFixedX + kFixedR;
     Pulleys::setLine(m_pDocument->namedNode(QStringLiteral("rope_1")), QPointF(left, kBeamY + 5), QPointF(left, my));
@@ -113,62 +90,20 @@ void CPulleyGroup::layout()
     const QPointF end(right, kFixedY + Pulleys::freeEnd(kFalls, false, d, kMaxDrop, kFreeRest));
     Pulleys::setLine(m_pDocument->namedNode(QStringLiteral("free_end")), QPointF(right, kFixedY), end);
     Pulleys::centreOn(m_controlNodes.value(1), end);
-    m_shown = {{QStringLiteral("idPosValue"), QString::number(percent())}};
-}
-
-bool CPulleyGroup::updateSVG(QSvgNode *node, QPointF, bool bFinal)
-{
-    if (!node || !m_controlNodes.contains(node))
-        return false;
-    // The free end has no travel of its own: only the load moves it.
-    if (node != m_controlNodes.value(0))
-        return true;
-    m_before = m_shown;
-    layout();
-    Resize(bFinal);
-    repaint();
-    if (!m_bPosByCode && !isLoading())
-        posChangedByControl();
-    return true;
-}
-
-void CPulleyGroup::posChangedByControl() { ShownValues::postChanged(m_before, m_shown); }
-
-double CPulleyGroup::getControlPos() { return HandlePos::get(*this, 0, HandlePos::Y); }
-
-void CPulleyGroup::setControlPos(double y) { HandlePos::set(*this, 0, HandlePos::Y, y, m_bPosByCode); }
-
-int CPulleyGroup::percent() { return HandlePos::percent(*this, 0, HandlePos::Y, getControlPos()); }
-
-void CPulleyGroup::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
-{
-    if (m_pDocument)
-        enclose(m_pDocument->transformedBounds().adjusted(-1, -1, 1, 1), topLeft, bottomRight);
 }
 
 void CPulleyGroup::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    array.append(m_pOwner->GetSettingJsonSwitch(QStringLiteral("idShowSegments"), QStringLiteral("IDS_PHYSICSOBJ_SHOW_SEGMENTS"),
-                                                m_attributes.value(kSegmentsAttr).boolValue));
-    HandlePos::appendInput(*this, array, QStringLiteral("IDS_PHYSICSOBJ_ROPE_LENGTH"), percent());
+    PanelItems::append(*this, array, {{"idShowSegments", kSegmentsAttr}});
+    appendRopeLength(array);
 }
 
 bool CPulleyGroup::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    const auto shown = values.constFind(QStringLiteral("idShowSegments"));
-    if (shown != values.cend())
-        AttrValue::apply(*this, kSegmentsAttr, isTrue(*shown), bRecord, bUndo);
-    double y = 0;
-    if (HandlePos::target(*this, values, 0, HandlePos::Y, false, y, HandlePos::Decimal))
-        setControlPos(y);
+    PanelItems::apply(*this, values, {{"idShowSegments", kSegmentsAttr}}, bRecord, bUndo);
+    typedRopeLength(values);
     return true;
 }
 
-bool CPulleyGroup::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
-{
-    const bool r = CBasic::SetAttribute(id, in, bRecord, bUndo);
-    keepEverything(id, m_bPosByCode);
-    return r;
-}

@@ -1,10 +1,9 @@
 #pragma once
 // A pulley block of two: a fixed pulley above, a movable one below carrying the load on
 // its hook. Two falls hold the load, so the free end moves twice as far, the other way.
-#include "bases/Basic.h"
-#include "bases/ShownValues.h"
+#include "bases/PulleyRig.h"
 
-class PHYSICALOBJECT_SHARED_EXPORT CPulleyGroup : public CBasic
+class PHYSICALOBJECT_SHARED_EXPORT CPulleyGroup : public CPulleyBlock
 {
 public:
     explicit CPulleyGroup(CSVGObj *owner);
@@ -12,33 +11,13 @@ public:
 
     QString getSVG() override;
     int getSVGType() override;
-    bool updateSVG(QSvgNode *node, QPointF offset, bool bFinal) override;
-    using CBasic::updateSVG;
     void GetSettingArray(QJsonArray &array) override;
     bool SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo) override;
-    bool SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo) override;
 
     void SVGInit(bool bLoad, bool bLoaded) override;
-    void UpdateCheckBox(bool b) override;
     void ResetAtrribute() override;
-    void CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight) override;
 
-    /* 71 */ virtual void posChangedByControl();
-    /* 72 */ virtual double getControlPos();
-    /* 73 */ virtual void setControlPos(double y);
-
-    // How far the movable pulley's axle hangs below the fixed one's (40 to 240).
-    double drop() const;
-    // Where the free end is (control_2's centre).
-    QPointF freeEnd() const;
-    int percent();
-
-    static constexpr double kMinDrop = 40, kMaxDrop = 240;
 
 private:
-    void layout();
-
-    bool m_bPosByCode = false;
-    ShownValues::Texts m_shown;
-    ShownValues::Texts m_before;
+    void layout() override;
 };

@@ -1,7 +1,6 @@
 #include "PulleyGroup2.h"
-#include "bases/AttrValue.h"
-#include "bases/HandlePos.h"
 #include "bases/HostColour.h"
+#include "bases/PanelItems.h"
 #include "bases/Pulleys.h"
 #include <QJsonArray>
 #include <svgobj.h>
@@ -14,7 +13,7 @@ enum RopeEnd { PullDown, PullUp };
 // 2R apart. Pulled down, the fixed wheels stand over the gaps to the right of the movable
 // ones; pulled up, the fixed block stands 4R further left and the rope starts at the
 // movable block.
-constexpr double kR = 16, kFixedY = 50, kBeamY = 10;
+constexpr double kR = 16, kFixedY = CPulleyBlock::kFixedY, kBeamY = 10;
 constexpr double kFixed1X = 88, kFixed2X = 152, kMoving1X = 56, kMoving2X = 120;
 constexpr double kPullUpShift = -4 * kR;
 // Where the rope's first fall runs: from the beam down to the first movable wheel, or
@@ -25,11 +24,9 @@ constexpr double kFreeRest = 40;
 
 QString num(double v) { return SvgNumbers::format(v); }
 
-bool isTrue(const QString &text) { return text == QLatin1String("true") || text == QLatin1String("1"); }
-
 } // namespace
 
-CPulleyGroup2::CPulleyGroup2(CSVGObj *owner) : CBasic(owner) {}
+CPulleyGroup2::CPulleyGroup2(CSVGObj *owner) : CPulleyBlock(owner, kHookBelowAxle, kSegmentsAttr) {}
 
 CPulleyGroup2::~CPulleyGroup2() = default;
 
@@ -67,7 +64,7 @@ QString CPulleyGroup2::getSVG()
         Pulleys::strapSvg(kMoving1X, my, bar) + Pulleys::strapSvg(kMoving2X, my, bar) +
         // The crossbar, and the arm that carries the rope's start when it is pulled up.
         QStringLiteral("<path id=\"anchor_moving\" d=\"M%1,%2 H%3 V%4 H%1 Z M%5,%2 V%6\" fill=\"url(#pl_strap)\""
-                       " stroke=\"#4A5560\" stroke-width=\"0.8\" vector-effect=\"none\" visibility=\"hidden\"/>\n"
+                       " stroke=\"#4A5560\" stroke-width=\"0.8\" vector-effect=\"none\"/>\n"
                        "<rect x=\"%7\" y=\"%2\" width=\"%8\" height=\"6\" rx=\"1.5\" ry=\"1.5\" fill=\"url(#pl_strap)\""
                        " stroke=\"#4A5560\" stroke-width=\"0.8\" vector-effect=\"none\"/>\n")
             .arg(num(kUpStart - 4), num(bar), num(kMoving1X - 6), num(bar + 6), num(kUpStart), num(bar - 3), num(kMoving1X - 6), num(kMoving2X - kMoving1X + 12)) +
@@ -113,13 +110,6 @@ void CPulleyGroup2::SVGInit(bool, bool)
     UpdateCombobox(false);
 }
 
-void CPulleyGroup2::UpdateCheckBox(bool)
-{
-    if (QSvgNode *label = m_pDocument ? m_pDocument->namedNode(QStringLiteral("n_label")) : nullptr)
-        label->setVisible(m_attributes.value(kSegmentsAttr).boolValue);
-    repaint();
-}
-
 void CPulleyGroup2::UpdateCombobox(bool)
 {
     if (!m_pDocument)
@@ -135,21 +125,9 @@ void CPulleyGroup2::UpdateCombobox(bool)
         label->setText(QStringLiteral("n = %1").arg(falls()));
         label->setNumAttribute(QStringLiteral("x"), (up ? kUpStart : kDownStart) - 8);
     }
-    layout();
+    refresh();
     Resize(true);
     repaint();
-}
-
-double CPulleyGroup2::drop() const
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    return h ? h->rect().center().y() - kHookBelowAxle - kFixedY : kMaxDrop;
-}
-
-QPointF CPulleyGroup2::freeEnd() const
-{
-    QSvgNode *h = m_controlNodes.value(1);
-    return h ? h->rect().center() : QPointF();
 }
 
 void CPulleyGroup2::layout()
@@ -157,8 +135,7 @@ void CPulleyGroup2::layout()
     if (!m_pDocument)
         return;
     const double d = drop(), my = kFixedY + d;
-    if (QSvgNode *moving = m_pDocument->namedNode(QStringLiteral("moving")))
-        moving->setAttribute(QStringLiteral("transform"), QStringLiteral("translate(0,%1)").arg(num(d - kMaxDrop)));
+    hangMovingBlock(d);
     // The falls run between the fixed axles' level and the movable ones', 2R apart from
     // the rope's start on; where the rope starts decides which end is which.
     const bool up = pulledUp();
@@ -178,70 +155,20 @@ void CPulleyGroup2::layout()
     const QPointF from(x, up ? my : kFixedY), end(x, up ? my - length : kFixedY + length);
     Pulleys::setLine(m_pDocument->namedNode(QStringLiteral("free_end")), from, end);
     Pulleys::centreOn(m_controlNodes.value(1), end);
-    m_shown = {{QStringLiteral("idPosValue"), QString::number(percent())}};
-}
-
-bool CPulleyGroup2::updateSVG(QSvgNode *node, QPointF, bool bFinal)
-{
-    if (!node || !m_controlNodes.contains(node))
-        return false;
-    // The free end has no travel of its own: only the load moves it.
-    if (node != m_controlNodes.value(0))
-        return true;
-    m_before = m_shown;
-    layout();
-    Resize(bFinal);
-    repaint();
-    if (!m_bPosByCode && !isLoading())
-        posChangedByControl();
-    return true;
-}
-
-void CPulleyGroup2::posChangedByControl() { ShownValues::postChanged(m_before, m_shown); }
-
-double CPulleyGroup2::getControlPos() { return HandlePos::get(*this, 0, HandlePos::Y); }
-
-void CPulleyGroup2::setControlPos(double y) { HandlePos::set(*this, 0, HandlePos::Y, y, m_bPosByCode); }
-
-int CPulleyGroup2::percent() { return HandlePos::percent(*this, 0, HandlePos::Y, getControlPos()); }
-
-void CPulleyGroup2::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
-{
-    if (m_pDocument)
-        enclose(m_pDocument->transformedBounds().adjusted(-1, -1, 1, 1), topLeft, bottomRight);
 }
 
 void CPulleyGroup2::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    array.append(m_pOwner->GetSettingJsonComboBox(
-        QStringLiteral("idRopeEnd"), QStringLiteral("IDS_PHYSICSOBJ_ROPE_END"), m_attributes.value(kRopeEndAttr).intValue,
-        QStringList(), {QStringLiteral("IDS_PHYSICSOBJ_PULL_DOWN"), QStringLiteral("IDS_PHYSICSOBJ_PULL_UP")}));
-    array.append(m_pOwner->GetSettingJsonSwitch(QStringLiteral("idShowSegments"), QStringLiteral("IDS_PHYSICSOBJ_SHOW_SEGMENTS"),
-                                                m_attributes.value(kSegmentsAttr).boolValue));
-    HandlePos::appendInput(*this, array, QStringLiteral("IDS_PHYSICSOBJ_ROPE_LENGTH"), percent());
+    PanelItems::append(*this, array, {{"idRopeEnd", kRopeEndAttr}, {"idShowSegments", kSegmentsAttr}});
+    appendRopeLength(array);
 }
 
 bool CPulleyGroup2::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    const auto end = values.constFind(QStringLiteral("idRopeEnd"));
-    bool ok = false;
-    const int index = end != values.cend() ? end->trimmed().toInt(&ok) : 0;
-    if (ok)
-        AttrValue::apply(*this, kRopeEndAttr, index, bRecord, bUndo);
-    const auto shown = values.constFind(QStringLiteral("idShowSegments"));
-    if (shown != values.cend())
-        AttrValue::apply(*this, kSegmentsAttr, isTrue(*shown), bRecord, bUndo);
-    double y = 0;
-    if (HandlePos::target(*this, values, 0, HandlePos::Y, false, y, HandlePos::Decimal))
-        setControlPos(y);
+    PanelItems::apply(*this, values, {{"idRopeEnd", kRopeEndAttr}, {"idShowSegments", kSegmentsAttr}}, bRecord, bUndo);
+    typedRopeLength(values);
     return true;
 }
 
-bool CPulleyGroup2::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
-{
-    const bool r = CBasic::SetAttribute(id, in, bRecord, bUndo);
-    keepEverything(id, m_bPosByCode);
-    return r;
-}

@@ -2,10 +2,9 @@
 // A pulley block of four: two fixed pulleys above, two movable ones below carrying the
 // load on their hook. Pulled down, four falls hold the load; pulled up from the movable
 // block, five. The free end moves n times as far as the load.
-#include "bases/Basic.h"
-#include "bases/ShownValues.h"
+#include "bases/PulleyRig.h"
 
-class PHYSICALOBJECT_SHARED_EXPORT CPulleyGroup2 : public CBasic
+class PHYSICALOBJECT_SHARED_EXPORT CPulleyGroup2 : public CPulleyBlock
 {
 public:
     explicit CPulleyGroup2(CSVGObj *owner);
@@ -13,38 +12,18 @@ public:
 
     QString getSVG() override;
     int getSVGType() override;
-    bool updateSVG(QSvgNode *node, QPointF offset, bool bFinal) override;
-    using CBasic::updateSVG;
     void GetSettingArray(QJsonArray &array) override;
     bool SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo) override;
-    bool SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo) override;
 
     void SVGInit(bool bLoad, bool bLoaded) override;
-    void UpdateCheckBox(bool b) override;
     void UpdateCombobox(bool b) override;
     QByteArray GetComboboxData() override;
     void ResetAtrribute() override;
-    void CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight) override;
 
-    /* 71 */ virtual void posChangedByControl();
-    /* 72 */ virtual double getControlPos();
-    /* 73 */ virtual void setControlPos(double y);
-
-    // How far the movable pulley's axle hangs below the fixed one's (40 to 240).
-    double drop() const;
-    // Where the free end is (control_2's centre).
-    QPointF freeEnd() const;
-    int percent();
     // The falls that hold the load: 4 pulled down, 5 pulled up.
     int falls() const;
     bool pulledUp() const;
 
-    static constexpr double kMinDrop = 40, kMaxDrop = 240;
-
 private:
-    void layout();
-
-    bool m_bPosByCode = false;
-    ShownValues::Texts m_shown;
-    ShownValues::Texts m_before;
+    void layout() override;
 };

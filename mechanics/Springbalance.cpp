@@ -1,10 +1,8 @@
 #include "Springbalance.h"
-#include "bases/AttrValue.h"
-#include "bases/HandlePos.h"
 #include "bases/HostColour.h"
+#include "bases/PanelItems.h"
 #include "bases/Series.h"
 #include <QJsonArray>
-#include <QJsonObject>
 #include <cmath>
 #include <svgobj.h>
 
@@ -19,6 +17,7 @@ constexpr double kZeroY = 90, kTickX = 40, kPitch = 3;
 constexpr double kSpringTop = 38, kCarriageAbovePointer = 4, kSpringLeft = 43.5, kSpringRight = 52.5;
 // The hook's lowest point (where the handle sits) with nothing on it.
 constexpr double kHookRestY = 284;
+constexpr LinearScale::PointerHandle kHook{kHookRestY, 1};
 
 struct Range {
     double full;
@@ -103,14 +102,7 @@ int CSpringbalance::getSVGType() { return 203; }
 
 void CSpringbalance::ResetAtrribute() { addAttribute(kRangeAttr, 1101, 1, QStringLiteral("IDS_SVG_PHYSICAL_RANGE"), 1); }
 
-QByteArray CSpringbalance::GetComboboxData()
-{
-    QByteArray data;
-    QDataStream out(&data, QIODevice::WriteOnly);
-    out << int(3) << int(0) << QStringLiteral("IDS_SVG_PHYSICAL_RANGE_0") << QStringLiteral("IDS_SVG_PHYSICAL_RANGE_1")
-        << QStringLiteral("IDS_SVG_PHYSICAL_RANGE_2");
-    return data;
-}
+QByteArray CSpringbalance::GetComboboxData() { return LinearScale::rangeChoices(); }
 
 LinearScale::Reading CSpringbalance::reading() const
 {
@@ -125,11 +117,7 @@ LinearScale::Reading CSpringbalance::reading() const
 
 double CSpringbalance::fullScale() const { return reading().full; }
 
-double CSpringbalance::travel() const
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    return h ? h->rect().center().y() - kHookRestY : 0;
-}
+double CSpringbalance::travel() const { return kHook.travel(*this); }
 
 QString CSpringbalance::readingText() const
 {
@@ -204,24 +192,14 @@ bool CSpringbalance::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
     const ShownValues::Texts before = m_shown;
     // A drag comes to rest on the reading it shows, so that the pointer stands where the
     // reading says.
-    if (bFinal && !m_bByCode && !isLoading()) {
-        const LinearScale::Reading r = reading();
-        const double rest = kHookRestY + r.travelOf(r.settle(travel(), offset.y()));
-        node->setNumAttribute(QStringLiteral("y"), rest - node->rect().height() / 2);
-    }
+    if (bFinal && !m_bByCode && !isLoading())
+        kHook.settle(node, reading(), offset);
     layout();
     if (!m_bByCode && !isLoading())
         ShownValues::postChanged(before, m_shown);
     Resize(bFinal);
     repaint();
     return true;
-}
-
-void CSpringbalance::moveHook(double t)
-{
-    QSvgNode *h = m_controlNodes.value(0);
-    if (h)
-        HandlePos::set(*this, 0, HandlePos::Y, kHookRestY + t - h->rect().height() / 2, m_bByCode);
 }
 
 void CSpringbalance::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
@@ -235,11 +213,7 @@ void CSpringbalance::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    QJsonObject range = m_pOwner->GetSettingJsonComboBox(
-        QStringLiteral("idRange"), QStringLiteral("IDS_PHYSICSOBJ_RANGE"), m_attributes.value(kRangeAttr).intValue, QStringList(),
-        {QStringLiteral("IDS_PHYSICSOBJ_RANGE_0"), QStringLiteral("IDS_PHYSICSOBJ_RANGE_1"), QStringLiteral("IDS_PHYSICSOBJ_RANGE_2")});
-    range.insert(QStringLiteral("refreshAfterSet"), true);
-    array.append(range);
+    LinearScale::appendRange(*this, array, kRangeAttr);
     array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idForceValue"), QStringLiteral("IDS_PHYSICSOBJ_READING"),
                                                readingText(), QStringLiteral("float"), QStringLiteral("0"),
                                                QString::number(fullScale()), QStringLiteral("N")));
@@ -247,17 +221,9 @@ void CSpringbalance::GetSettingArray(QJsonArray &array)
 
 bool CSpringbalance::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    const auto range = values.constFind(QStringLiteral("idRange"));
-    bool ok = false;
-    const int index = range != values.cend() ? range->trimmed().toInt(&ok) : 0;
-    if (ok)
-        AttrValue::apply(*this, kRangeAttr, index, bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idRange", kRangeAttr}}, bRecord, bUndo);
     // A typed reading is taken to the scale's resolution, and the hook moves to it.
-    const auto value = values.constFind(QStringLiteral("idForceValue"));
-    const LinearScale::Reading r = reading();
-    int step = 0;
-    if (value != values.cend() && r.typed(*value, step))
-        moveHook(r.travelOf(step));
+    kHook.typed(*this, values, QStringLiteral("idForceValue"), reading(), m_bByCode);
     return true;
 }
 

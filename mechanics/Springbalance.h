@@ -40,7 +40,6 @@ private:
     void layScale();
     // The moving parts from where the hook is.
     void layout();
-    void moveHook(double travel);
 
     QRectF m_rcBody;
     bool m_bByCode = false;

@@ -1,6 +1,6 @@
 #pragma once
 // What the suites of the force and measuring apparatus share: a clean host for each case,
-// the panel as a user sees it, and reopening an object from its saved stream.
+// the panel as a user sees it, what a drag posts.
 #include "helpers.h"
 #include <QJsonDocument>
 #include <QUndoStack>
@@ -30,13 +30,12 @@ struct ApparatusTest : ::testing::Test {
     }
     // A panel edit as the board makes it: one undo step and one playback record, or none.
     static bool type(CSVGBase *c, const QString &key, const QString &value) { return c->editSettings({{key, value}}); }
-    static void event(CSVGBase *c, int id)
+    static void capture(CSVGBase *c)
     {
         QByteArray none;
         QDataStream in(&none, QIODevice::ReadOnly);
-        c->SetAttribute(id, in, false, false);
+        c->SetAttribute(CSVGBase::ATTR_CAPTURE, in, false, false);
     }
-    static void capture(CSVGBase *c) { event(c, CSVGBase::ATTR_CAPTURE); }
     // Every panel value posted since the last clearMessages, in order: "key=value".
     static QStringList posted()
     {
@@ -45,15 +44,6 @@ struct ApparatusTest : ::testing::Test {
             for (const QJsonValue &v : QJsonDocument::fromJson(m).object().value("settings").toArray())
                 out << v.toObject().value("id").toString() + "=" + v.toObject().value("value").toString();
         return out;
-    }
-    static QUndoStack *undo() { return GetFramework()->undoStack(); }
-    // The object saved and loaded into a new one of its type.
-    static ObjPtr reopen(CSVGBase *c)
-    {
-        ObjPtr back = makeObject(c->getSVGType(), true);
-        QDataStream in(saveBytes(c));
-        EXPECT_TRUE(back->content()->load(in)) << qPrintable(back->content()->lastLoadError());
-        return back;
     }
     static QPointF centre(CSVGBase *c, const char *handle) { return node(c, handle)->rect().center(); }
 };
@@ -73,3 +63,11 @@ inline QPointF wheelCentre(CSVGBase *c, const char *id)
     return rim->documentTransform().map(QPointF(rim->numAttribute("cx"), rim->numAttribute("cy")));
 }
 inline double wheelRadius(CSVGBase *c, const char *id) { return node(c, id)->children().front()->numAttribute("r"); }
+// How many members of a numbered series (prefix_1, prefix_2, …) the drawing holds.
+inline int seriesCount(CSVGBase *c, const char *prefix)
+{
+    int k = 0;
+    while (c->document()->namedNode(QString("%1_%2").arg(prefix).arg(k + 1)))
+        ++k;
+    return k;
+}

@@ -1,5 +1,5 @@
 // The pulley block of four: pulled down or up, the free end moves n times as far as the
-// load; every fall straight between wheels; the rope end change, capture and undo.
+// load; every fall straight between wheels; the rope end change.
 #include "forces.h"
 #include <mechanics/PulleyGroup2.h>
 
@@ -45,33 +45,20 @@ TEST_P(PulleyGroup2Raise, FreeEndMovesNTimesAsFarAsTheLoad)
         // touches one wheel; every other fall two.
         EXPECT_EQ(touching, QString(id) == "rope_2" || QString(id) == "rope_3" || QString(id) == "rope_4" ? 2 : 1) << id;
     }
-    EXPECT_EQ(svgText(reopen(c)->content()), svgText(c));
 }
 
 INSTANTIATE_TEST_SUITE_P(PulleyGroup2, PulleyGroup2Raise, ::testing::Values(
     BlockCase{"0", 4, 50}, BlockCase{"0", 4, 200}, BlockCase{"1", 5, 50}, BlockCase{"1", 5, 200}));
 
-TEST_F(PulleyGroup2, RopeEndChangeIsOneUndoStepAndKeepsTheLoad)
+TEST_F(PulleyGroup2, RopeEndChangeKeepsTheLoad)
 {
     ObjPtr o = makeObject(206, true);
     CSVGBase *c = o->content();
     type(c, "idPosValue", "40");
-    const QString drawn = svgText(c);
     const QPointF hook = centre(c, "control_1");
     EXPECT_TRUE(type(c, "idRopeEnd", "1"));
     EXPECT_EQ(centre(c, "control_1"), hook);
     EXPECT_EQ(shown(c, "idPosValue"), "40");
     EXPECT_TRUE(node(c, "anchor_moving")->isVisible());
     EXPECT_FALSE(node(c, "anchor_fixed")->isVisible());
-    EXPECT_FALSE(type(c, "idRopeEnd", "2"));
-    undo()->undo();
-    EXPECT_EQ(svgText(c), drawn);
-    const QJsonArray panel = settingsOf(c);
-    capture(c);
-    type(c, "idRopeEnd", "1");
-    type(c, "idShowSegments", "true");
-    type(c, "idPosValue", "90");
-    EXPECT_TRUE(c->editRestore());
-    EXPECT_EQ(settingsOf(c), panel);
-    EXPECT_TRUE(sameDocument(svgText(c), drawn));
 }
