@@ -1,6 +1,6 @@
 // The sloped board: the slope and length its upper end sets, the angle mark that must
 // agree with the slope drawn, typed values and what a drag posts.
-#include "panelhelpers.h"
+#include "panel.h"
 #include <cmath>
 #include <mechanics/Bevel.h>
 

@@ -1,7 +1,7 @@
 // The calibration scale: ticks and numbers that follow the strip's length, zero at the
 // top; the unit; the length percentage; a sweep that ends drawn as a fresh strip would
 // be.
-#include "panelhelpers.h"
+#include "panel.h"
 #include <cmath>
 #include <mechanics/Calibration.h>
 

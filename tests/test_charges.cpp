@@ -4,7 +4,6 @@
 #include <electromagnetism/Electriccharge.h>
 #include <electromagnetism/Negativeelectron.h>
 
-using namespace Panel;
 
 namespace {
 
@@ -35,11 +34,11 @@ struct ElectricchargeLines : ElectricchargeTest, ::testing::WithParamInterface<C
 TEST_P(ElectricchargeLines, HeadsPointTheWayOfTheSign)
 {
     const Charge ch = GetParam();
-    set(c, "idChargeSign", QString::number(ch.sign));
-    set(c, "idLineCount", QString::number(ch.count));
+    setDirect(c, "idChargeSign", QString::number(ch.sign));
+    setDirect(c, "idLineCount", QString::number(ch.count));
     const int n = obj->lineCount();
     ASSERT_EQ(n, 8 + 4 * ch.count);
-    ASSERT_EQ(count(c, "line"), n);
+    ASSERT_EQ(seriesCount(c, "line"), n);
     for (int k = 1; k <= n; ++k) {
         const QVector<double> v = numbers(node(c, QStringLiteral("line_%1").arg(k).toLatin1().constData())->attribute("d"));
         ASSERT_EQ(v.size(), 10) << k;
@@ -63,35 +62,35 @@ INSTANTIATE_TEST_SUITE_P(Signs, ElectricchargeLines,
 
 TEST_F(ElectricchargeTest, LengthHandleGrowsTheItemAboutTheSphere)
 {
-    EXPECT_EQ(keys(c), QStringList({"idChargeSign", "idShowFieldLines", "idLineCount", "idLength"}));
-    EXPECT_EQ(item(c, "idLineCount").value("options").toArray(), QJsonArray({"8", "12", "16"}));
+    EXPECT_EQ(settingKeys(c), QStringList({"idChargeSign", "idShowFieldLines", "idLineCount", "idLength"}));
+    EXPECT_EQ(settingItem(c, "idLineCount").value("options").toArray(), QJsonArray({"8", "12", "16"}));
     EXPECT_EQ(obj->lineLength(), 100);
     GetFramework()->clearMessages();
     drag(c, "control_1", 70, 40);
     EXPECT_EQ(obj->lineLength(), 170);
-    EXPECT_EQ(posted(), QStringList({"idLength=53"})); // (170 - 20) * 100 / 280
+    EXPECT_EQ(lastPosted(), QStringList({"idLength=53"})); // (170 - 20) * 100 / 280
     const QPointF sphere = node(c, "sphere")->documentBounds().center();
     EXPECT_NEAR(c->document()->viewBox().center().x(), sphere.x(), 1e-9);
     EXPECT_NEAR(c->document()->viewBox().center().y(), sphere.y(), 1e-9);
     drag(c, "control_1", 1000, 0);
     EXPECT_EQ(obj->lineLength(), 300);
-    set(c, "idLength", "0");
+    setDirect(c, "idLength", "0");
     EXPECT_EQ(obj->lineLength(), 20);
     EXPECT_EQ(node(c, "sphere")->documentBounds().center(), sphere);
 }
 
 TEST_F(ElectricchargeTest, HiddenLinesChoicesAndRestore)
 {
-    event(c, 2804);
-    set(c, "idShowFieldLines", "false");
-    set(c, "idLineCount", "3"); // no such choice
-    set(c, "idLineCount", "2");
+    sendEvent(c, 2804);
+    setDirect(c, "idShowFieldLines", "false");
+    setDirect(c, "idLineCount", "3"); // no such choice
+    setDirect(c, "idLineCount", "2");
     EXPECT_FALSE(node(c, "lines")->isVisible());
-    EXPECT_EQ(count(c, "line"), 16);
+    EXPECT_EQ(seriesCount(c, "line"), 16);
     drag(c, "control_1", -50, 0);
-    event(c, 2805);
+    sendEvent(c, 2805);
     EXPECT_TRUE(node(c, "lines")->isVisible());
-    EXPECT_EQ(count(c, "line"), 8);
+    EXPECT_EQ(seriesCount(c, "line"), 8);
     EXPECT_EQ(obj->lineLength(), 100);
 }
 
@@ -101,13 +100,13 @@ using NegativeelectronTest = Of<CNegativeelectron, 509>;
 
 TEST_F(NegativeelectronTest, TipMovesFreelyWithinItsLengths)
 {
-    EXPECT_EQ(keys(c), QStringList({"idShowVelocity", "idAngle"}));
+    EXPECT_EQ(settingKeys(c), QStringList({"idShowVelocity", "idAngle"}));
     EXPECT_EQ(obj->length(), 100);
     GetFramework()->clearMessages();
     drag(c, "control_1", -100, -100); // straight up from the centre
     EXPECT_NEAR(obj->angle(), 90, 1e-9);
     EXPECT_NEAR(obj->length(), 100, 1e-9);
-    EXPECT_EQ(posted(), QStringList({"idAngle=90"}));
+    EXPECT_EQ(lastPosted(), QStringList({"idAngle=90"}));
     EXPECT_NEAR(node(c, "velocity")->numAttribute("rotate_angle"), -90, 1e-9);
     drag(c, "control_1", 0, 95); // nearly onto the electron: held to 20
     EXPECT_NEAR(obj->length(), 20, 1e-9);
@@ -123,19 +122,19 @@ TEST_F(NegativeelectronTest, TipMovesFreelyWithinItsLengths)
 
 TEST_F(NegativeelectronTest, TypedAngleKeepsTheLengthAndRestores)
 {
-    event(c, 2804);
+    sendEvent(c, 2804);
     drag(c, "control_1", 50, 0);
     GetFramework()->clearMessages();
-    set(c, "idAngle", "-90");
+    setDirect(c, "idAngle", "-90");
     EXPECT_NEAR(obj->angle(), -90, 1e-9);
     EXPECT_NEAR(obj->length(), 150, 1e-9);
     EXPECT_TRUE(GetFramework()->settingsMessages().isEmpty());
-    set(c, "idAngle", "fast");
+    setDirect(c, "idAngle", "fast");
     EXPECT_NEAR(obj->angle(), -90, 1e-9);
-    set(c, "idShowVelocity", "false");
+    setDirect(c, "idShowVelocity", "false");
     EXPECT_FALSE(node(c, "velocity")->isVisible());
     EXPECT_FALSE(node(c, "v_label")->isVisible());
-    event(c, 2805);
+    sendEvent(c, 2805);
     EXPECT_TRUE(node(c, "velocity")->isVisible());
     EXPECT_NEAR(obj->angle(), 0, 1e-9);
     EXPECT_NEAR(obj->length(), 100, 1e-9);

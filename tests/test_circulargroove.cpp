@@ -1,6 +1,6 @@
 // The circular groove: the radius its rim handle and the panel set about a fixed centre,
 // the three shapes with the handle on the rim of each, and colour.
-#include "panelhelpers.h"
+#include "panel.h"
 #include <QColor>
 #include <mechanics/CircularGroove.h>
 

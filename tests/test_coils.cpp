@@ -4,7 +4,6 @@
 #include <electromagnetism/CoilA.h>
 #include <electromagnetism/Ironcore.h>
 
-using namespace Panel;
 
 namespace {
 
@@ -32,12 +31,12 @@ struct CoilAWinding : CoilATest, ::testing::WithParamInterface<Winding> {};
 TEST_P(CoilAWinding, TurnsFollowTheWoundLength)
 {
     const Winding w = GetParam();
-    set(c, "idCurrentDirection", "1");
+    setDirect(c, "idCurrentDirection", "1");
     GetFramework()->clearMessages();
     drag(c, "control_1", w.drag, 0);
     EXPECT_EQ(obj->woundLength(), w.length);
-    EXPECT_EQ(count(c, "turn"), w.turns);
-    EXPECT_EQ(count(c, "current"), std::max(1, w.turns / 5));
+    EXPECT_EQ(seriesCount(c, "turn"), w.turns);
+    EXPECT_EQ(seriesCount(c, "current"), std::max(1, w.turns / 5));
     // The turns stay on the core, and the leads leave the end turns.
     const QRectF core = node(c, "core")->documentBounds();
     const QRectF last = node(c, QStringLiteral("turn_%1").arg(w.turns).toLatin1().constData())->documentBounds();
@@ -52,33 +51,33 @@ INSTANTIATE_TEST_SUITE_P(Lengths, CoilAWinding,
 
 TEST_F(CoilATest, CurrentArrowsPointTheChosenWay)
 {
-    EXPECT_EQ(keys(c), QStringList({"idShowCore", "idCurrentDirection", "idLength"}));
+    EXPECT_EQ(settingKeys(c), QStringList({"idShowCore", "idCurrentDirection", "idLength"}));
     EXPECT_FALSE(node(c, "currents")->isVisible());
-    set(c, "idCurrentDirection", "1");
+    setDirect(c, "idCurrentDirection", "1");
     EXPECT_TRUE(node(c, "currents")->isVisible());
-    for (int k = 1; k <= count(c, "current"); ++k)
+    for (int k = 1; k <= seriesCount(c, "current"); ++k)
         EXPECT_TRUE(arrowUp(k)) << k;
-    set(c, "idCurrentDirection", "2");
-    for (int k = 1; k <= count(c, "current"); ++k)
+    setDirect(c, "idCurrentDirection", "2");
+    for (int k = 1; k <= seriesCount(c, "current"); ++k)
         EXPECT_FALSE(arrowUp(k)) << k;
-    set(c, "idCurrentDirection", "0");
+    setDirect(c, "idCurrentDirection", "0");
     EXPECT_FALSE(node(c, "currents")->isVisible());
 }
 
 TEST_F(CoilATest, HollowCoilPostsRestoresAndReopens)
 {
-    event(c, 2804);
-    set(c, "idShowCore", "false");
+    sendEvent(c, 2804);
+    setDirect(c, "idShowCore", "false");
     EXPECT_FALSE(node(c, "core")->isVisible());
     GetFramework()->clearMessages();
     drag(c, "control_1", 57, 0);
-    EXPECT_EQ(posted(), QStringList({"idLength=25"})); // (177 - 30) * 100 / 570
-    set(c, "idLength", "100");
+    EXPECT_EQ(lastPosted(), QStringList({"idLength=25"})); // (177 - 30) * 100 / 570
+    setDirect(c, "idLength", "100");
     EXPECT_EQ(obj->woundLength(), 600);
-    event(c, 2805);
+    sendEvent(c, 2805);
     EXPECT_TRUE(node(c, "core")->isVisible());
     EXPECT_EQ(obj->woundLength(), 120);
-    EXPECT_EQ(count(c, "turn"), 20);
+    EXPECT_EQ(seriesCount(c, "turn"), 20);
 }
 
 // ------------------------------------------------------------------- iron core
@@ -87,17 +86,17 @@ using IroncoreTest = Of<CIroncore, 503>;
 
 TEST_F(IroncoreTest, HandlesSizeTheBarAndTheTopEdgeStays)
 {
-    EXPECT_EQ(keys(c), QStringList({"idLength", "idThickness"}));
+    EXPECT_EQ(settingKeys(c), QStringList({"idLength", "idThickness"}));
     EXPECT_EQ(shown(c, "idLength"), "29"); // (200 - 30) * 100 / 570
     EXPECT_EQ(shown(c, "idThickness"), "27");
-    EXPECT_EQ(count(c, "lam"), 6);
-    event(c, 2804);
+    EXPECT_EQ(seriesCount(c, "lam"), 6);
+    sendEvent(c, 2804);
     const double top = node(c, "core")->documentBounds().top();
     GetFramework()->clearMessages();
     drag(c, "control_2", 0, 32);
     EXPECT_EQ(obj->thickness(), 72);
-    EXPECT_EQ(count(c, "lam"), 12);
-    EXPECT_EQ(posted(), QStringList({"idThickness=56"}));
+    EXPECT_EQ(seriesCount(c, "lam"), 12);
+    EXPECT_EQ(lastPosted(), QStringList({"idThickness=56"}));
     EXPECT_EQ(node(c, "core")->documentBounds().top(), top);
     // Laminations lie inside the bar, evenly.
     const QRectF bar = node(c, "core")->documentBounds();
@@ -111,14 +110,14 @@ TEST_F(IroncoreTest, HandlesSizeTheBarAndTheTopEdgeStays)
     EXPECT_NEAR(node(c, "control_2")->rect().center().x(), bar.left() + 15, 1);
     drag(c, "control_2", 0, -1000);
     EXPECT_EQ(obj->thickness(), 10);
-    EXPECT_EQ(count(c, "lam"), 1);
-    set(c, "idLength", "100");
-    set(c, "idThickness", "100");
+    EXPECT_EQ(seriesCount(c, "lam"), 1);
+    setDirect(c, "idLength", "100");
+    setDirect(c, "idThickness", "100");
     EXPECT_EQ(obj->length(), 600);
     EXPECT_EQ(obj->thickness(), 120);
-    EXPECT_EQ(count(c, "lam"), 20);
+    EXPECT_EQ(seriesCount(c, "lam"), 20);
     EXPECT_TRUE(reopens(c));
-    event(c, 2805);
+    sendEvent(c, 2805);
     EXPECT_EQ(obj->length(), 200);
     EXPECT_EQ(obj->thickness(), 40);
 }

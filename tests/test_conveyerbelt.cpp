@@ -1,6 +1,6 @@
 // The conveyor belt: centre distance and roller radius from their handles and the panel,
 // the belt round both rollers, the motion arrows and their way, and colour.
-#include "panelhelpers.h"
+#include "panel.h"
 #include <QColor>
 #include <mechanics/Conveyerbelt.h>
 

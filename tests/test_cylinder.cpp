@@ -1,6 +1,6 @@
 // The measuring cylinder: the meniscus at its volume, the three capacities and their
 // graduations, a volume kept across a range change, typed volumes.
-#include "forces.h"
+#include "panel.h"
 #include <mechanics/Cylinder.h>
 
 namespace {
@@ -29,13 +29,13 @@ TEST_P(CylinderRange, GraduationFollowsTheRange)
     ObjPtr o = makeObject(302, true);
     CSVGBase *c = o->content();
     const Graduation &g = GetParam();
-    type(c, "idRange", g.range);
+    typeIn(c, "idRange", g.range);
     EXPECT_EQ(seriesCount(c, "line"), g.ticks);
     EXPECT_DOUBLE_EQ(tickY(c, 1) - tickY(c, g.ticks), Cylinder::kScaleHeight);
     EXPECT_EQ(at(c, QString("text_%1").arg(g.firstNumber))->text(), g.firstText);
     EXPECT_EQ(at(c, QString("text_%1").arg(g.ticks - 1))->text(), g.top);
     EXPECT_FALSE(at(c, QString("text_%1").arg(g.ticks + 9)));
-    EXPECT_EQ(item(c, "idVolume").value("max").toString(), g.top);
+    EXPECT_EQ(settingItem(c, "idVolume").value("max").toString(), g.top);
 }
 
 INSTANTIATE_TEST_SUITE_P(Cylinder, CylinderRange, ::testing::Values(
@@ -55,10 +55,10 @@ TEST_P(CylinderVolume, MeniscusStandsAtItsVolume)
     ObjPtr o = makeObject(302, true);
     CSVGBase *c = o->content();
     const VolumeCase &v = GetParam();
-    type(c, "idRange", v.range);
-    type(c, "idVolume", v.typed);
+    typeIn(c, "idRange", v.range);
+    typeIn(c, "idVolume", v.typed);
     if (*v.to)
-        type(c, "idRange", v.to);
+        typeIn(c, "idRange", v.to);
     EXPECT_EQ(shown(c, "idVolume"), v.reads);
     const double volume = QString(v.reads).toDouble();
     EXPECT_DOUBLE_EQ(cylinder(o)->level(), volume / cylinder(o)->capacity() * Cylinder::kScaleHeight);
@@ -81,9 +81,9 @@ TEST_F(CylinderTest, DragFromFortyMillilitresRestsOnItsVolumeAndPostsIt)
     EXPECT_EQ(cylinder(o)->level(), 80);  // 40 mL of 100
     GetFramework()->clearMessages();
     drag(c, "control_1", 0, -0.3, false);  // 40.15 mL: still "40"
-    EXPECT_TRUE(posted().isEmpty());
+    EXPECT_TRUE(postedSince().isEmpty());
     drag(c, "control_1", 0, -3.7, true);  // 4 units up: 42 mL
-    EXPECT_EQ(posted(), QStringList{"idVolume=42"});
+    EXPECT_EQ(postedSince(), QStringList{"idVolume=42"});
     EXPECT_EQ(cylinder(o)->level(), 84);
     drag(c, "control_1", 0, -1000);
     EXPECT_EQ(shown(c, "idVolume"), "100");

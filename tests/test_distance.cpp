@@ -1,6 +1,6 @@
 // The distance marker: two free ends, the end styles, the upright label on the left of
 // the line.
-#include "forces.h"
+#include "panel.h"
 #include <mechanics/Distance.h>
 
 namespace {
@@ -8,7 +8,7 @@ namespace {
 void moveEnd(const ObjPtr &o, const char *handle, QPointF to)
 {
     CSVGBase *c = o->content();
-    c->moveControlPoint(node(c, handle), to - ApparatusTest::centre(c, handle), true);
+    c->moveControlPoint(node(c, handle), to - handleCentre(c, handle), true);
 }
 
 struct Distance : ApparatusTest {};
@@ -23,10 +23,10 @@ TEST_P(DistanceDirection, LabelStaysUprightOnTheLeftOfTheLine)
 {
     ObjPtr o = makeObject(201, true);
     CSVGBase *c = o->content();
-    type(c, "idLabelText", "d = 2 m");
-    const QPointF a = centre(c, "control_1");
+    typeIn(c, "idLabelText", "d = 2 m");
+    const QPointF a = handleCentre(c, "control_1");
     moveEnd(o, "control_2", a + GetParam());
-    const QPointF b = centre(c, "control_2");
+    const QPointF b = handleCentre(c, "control_2");
     ASSERT_EQ(b - a, GetParam());
     const QPointF dir = (b - a) / std::hypot(GetParam().x(), GetParam().y());
     const QPointF left(dir.y(), -dir.x());
@@ -53,15 +53,15 @@ TEST_F(Distance, EndsMoveFreelyAThousandUnitsEachWay)
 {
     ObjPtr o = makeObject(201, true);
     CSVGBase *c = o->content();
-    const QPointF a = centre(c, "control_1"), b = centre(c, "control_2");
+    const QPointF a = handleCentre(c, "control_1"), b = handleCentre(c, "control_2");
     EXPECT_EQ(b - a, QPointF(200, 0));  // level and 200 long when new
     EXPECT_EQ(node(c, "label")->text(), "s");
     moveEnd(o, "control_1", a + QPointF(-5000, 5000));
-    EXPECT_EQ(centre(c, "control_1"), a + QPointF(-1000, 1000));
+    EXPECT_EQ(handleCentre(c, "control_1"), a + QPointF(-1000, 1000));
     moveEnd(o, "control_2", b + QPointF(5000, -5000));
-    EXPECT_EQ(centre(c, "control_2"), b + QPointF(1000, -1000));
+    EXPECT_EQ(handleCentre(c, "control_2"), b + QPointF(1000, -1000));
     // Ends on one spot draw a level marker, not a broken one.
-    moveEnd(o, "control_2", centre(c, "control_1"));
+    moveEnd(o, "control_2", handleCentre(c, "control_1"));
     EXPECT_FALSE(svgText(c).contains("nan"));
     EXPECT_NEAR(node(c, "end_1")->numAttribute("x1"), node(c, "end_1")->numAttribute("x2"), 1e-9);
 }
@@ -79,7 +79,7 @@ TEST_P(DistanceEnds, StyleShowsArrowsOrBars)
 {
     ObjPtr o = makeObject(201, true);
     CSVGBase *c = o->content();
-    type(c, "idEndStyle", GetParam().index);
+    typeIn(c, "idEndStyle", GetParam().index);
     for (const char *id : {"arrow_1", "arrow_2"})
         EXPECT_EQ(node(c, id)->isVisible(), GetParam().arrows) << id;
     for (const char *id : {"end_1", "end_2"})

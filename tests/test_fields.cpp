@@ -4,7 +4,6 @@
 #include <electromagnetism/Electricfield.h>
 #include <electromagnetism/Magneticfield.h>
 
-using namespace Panel;
 
 namespace {
 
@@ -31,14 +30,14 @@ struct MagneticfieldFill : MagneticfieldTest, ::testing::WithParamInterface<Sizi
 TEST_P(MagneticfieldFill, NoMarkIsCutAtTheBorder)
 {
     const Sizing s = GetParam();
-    set(c, "idDensity", QString::number(s.density));
+    setDirect(c, "idDensity", QString::number(s.density));
     sizeTo(s.width, 1000); // rows come and go on the way
     sizeTo(s.width, s.height);
     const double pitch = obj->spacing();
     const QRectF r = obj->region();
     ASSERT_EQ(r.size(), QSizeF(s.width, s.height));
     const int n = int(std::floor(s.width / pitch)) * int(std::floor(s.height / pitch));
-    ASSERT_EQ(count(c, "mark"), n);
+    ASSERT_EQ(seriesCount(c, "mark"), n);
     QRectF all;
     for (int k = 1; k <= n; ++k)
         all |= node(c, QStringLiteral("mark_%1").arg(k).toLatin1().constData())->documentBounds();
@@ -57,59 +56,59 @@ INSTANTIATE_TEST_SUITE_P(Sizes, MagneticfieldFill,
 // is resized along them and across them.
 TEST_F(MagneticfieldTest, LinesRunTheRegionOnePerRowOrColumn)
 {
-    EXPECT_EQ(keys(c), QStringList({"idFieldDirection", "idDensity", "idFieldColor", "idShowBorder", "idWidth", "idHeight"}));
+    EXPECT_EQ(settingKeys(c), QStringList({"idFieldDirection", "idDensity", "idFieldColor", "idShowBorder", "idWidth", "idHeight"}));
     for (int direction : {2, 3, 4, 5}) {
-        set(c, "idFieldDirection", QString::number(direction));
+        setDirect(c, "idFieldDirection", QString::number(direction));
         for (const QSizeF size : {QSizeF(200, 160), QSizeF(200, 400), QSizeF(330, 400), QSizeF(100, 100)}) {
             sizeTo(size.width(), size.height());
             const bool rows = direction < 4;
             const int n = int(std::floor((rows ? size.height() : size.width()) / 30));
-            ASSERT_EQ(count(c, "mark"), n) << direction;
+            ASSERT_EQ(seriesCount(c, "mark"), n) << direction;
             for (int k : {1, n}) {
                 const QRectF b = node(c, QStringLiteral("mark_%1").arg(k).toLatin1().constData())->documentBounds();
                 EXPECT_NEAR(rows ? b.width() : b.height(), rows ? size.width() : size.height(), 1e-9) << direction << " " << k;
             }
         }
     }
-    set(c, "idFieldDirection", "1"); // back to a grid of dots
-    EXPECT_EQ(count(c, "mark"), 3 * 3);
+    setDirect(c, "idFieldDirection", "1"); // back to a grid of dots
+    EXPECT_EQ(seriesCount(c, "mark"), 3 * 3);
 }
 
 TEST_F(MagneticfieldTest, HandleAndPercentagesSizeTheRegion)
 {
     GetFramework()->clearMessages();
     drag(c, "control_1", 96, 0);
-    EXPECT_EQ(posted(), QStringList({"idWidth=26"})); // (296 - 40) * 100 / 960
+    EXPECT_EQ(lastPosted(), QStringList({"idWidth=26"})); // (296 - 40) * 100 / 960
     sizeTo(5, 5000);
     EXPECT_EQ(obj->region().size(), QSizeF(40, 1000));
     EXPECT_EQ(shown(c, "idWidth"), "0");
     EXPECT_EQ(shown(c, "idHeight"), "100");
     GetFramework()->clearMessages();
-    set(c, "idWidth", "50.4");
-    set(c, "idHeight", "not a number");
+    setDirect(c, "idWidth", "50.4");
+    setDirect(c, "idHeight", "not a number");
     EXPECT_EQ(obj->region().size(), QSizeF(520, 1000));
     EXPECT_TRUE(GetFramework()->settingsMessages().isEmpty());
-    EXPECT_EQ(count(c, "mark"), 17 * 33);
+    EXPECT_EQ(seriesCount(c, "mark"), 17 * 33);
 }
 
 TEST_F(MagneticfieldTest, ChoicesColourBorderAndRestore)
 {
-    event(c, 2804);
-    EXPECT_TRUE(set(c, "idFieldColor", "#008000"));
-    set(c, "idShowBorder", "false");
-    set(c, "idDensity", "2");
-    set(c, "idDensity", "3"); // no such choice: refused
+    sendEvent(c, 2804);
+    EXPECT_TRUE(setDirect(c, "idFieldColor", "#008000"));
+    setDirect(c, "idShowBorder", "false");
+    setDirect(c, "idDensity", "2");
+    setDirect(c, "idDensity", "3"); // no such choice: refused
     EXPECT_EQ(obj->spacing(), 20);
     EXPECT_FALSE(node(c, "border")->isVisible());
     EXPECT_EQ(node(c, "marks")->attribute("stroke").toLower(), "#008000");
-    EXPECT_EQ(count(c, "mark"), 10 * 8);
+    EXPECT_EQ(seriesCount(c, "mark"), 10 * 8);
     sizeTo(1000, 1000);
-    EXPECT_EQ(count(c, "mark"), 2500);
-    event(c, 2805);
+    EXPECT_EQ(seriesCount(c, "mark"), 2500);
+    sendEvent(c, 2805);
     EXPECT_EQ(obj->region().size(), QSizeF(200, 160));
     EXPECT_EQ(obj->spacing(), 30);
     EXPECT_TRUE(node(c, "border")->isVisible());
-    EXPECT_EQ(count(c, "mark"), 30);
+    EXPECT_EQ(seriesCount(c, "mark"), 30);
 }
 
 // ------------------------------------------------------------------- plates
@@ -130,22 +129,22 @@ struct ElectricfieldTest : Of<CElectricfield, 507> {
 
 TEST_F(ElectricfieldTest, LinesRunFromPlusToMinus)
 {
-    EXPECT_EQ(keys(c), QStringList({"idPositivePlate", "idShowPlates", "idLineColor", "idLength", "idSeparation"}));
-    EXPECT_EQ(count(c, "line"), 6);
+    EXPECT_EQ(settingKeys(c), QStringList({"idPositivePlate", "idShowPlates", "idLineColor", "idLength", "idSeparation"}));
+    EXPECT_EQ(seriesCount(c, "line"), 6);
     for (int k = 1; k <= 6; ++k)
         EXPECT_TRUE(pointsDown(k)) << k;
-    set(c, "idPositivePlate", "1");
+    setDirect(c, "idPositivePlate", "1");
     EXPECT_FALSE(obj->topPositive());
     for (int k = 1; k <= 6; ++k)
         EXPECT_FALSE(pointsDown(k)) << k;
     // The bottom plate now carries the plus: a vertical stroke in its sign.
     EXPECT_TRUE(node(c, "sign_bottom")->attribute("d").contains('V'));
     EXPECT_FALSE(node(c, "sign_top")->attribute("d").contains('V'));
-    set(c, "idShowPlates", "false");
+    setDirect(c, "idShowPlates", "false");
     EXPECT_FALSE(node(c, "plate_top")->isVisible());
     EXPECT_FALSE(node(c, "plates_signs")->isVisible());
-    set(c, "idLineColor", "#1e63d6");
-    set(c, "idLineColor", "no colour");
+    setDirect(c, "idLineColor", "#1e63d6");
+    setDirect(c, "idLineColor", "no colour");
     EXPECT_EQ(node(c, "lines")->attribute("stroke").toLower(), "#1e63d6");
 }
 
@@ -154,16 +153,16 @@ TEST_F(ElectricfieldTest, HandlesHoldLengthAndSeparationToTheirRanges)
     GetFramework()->clearMessages();
     drag(c, "control_1", 74, 0);
     EXPECT_EQ(obj->plateLength(), 274);
-    EXPECT_EQ(count(c, "line"), 9);
-    EXPECT_EQ(posted(), QStringList({"idLength=28"})); // (274 - 60) * 100 / 740
+    EXPECT_EQ(seriesCount(c, "line"), 9);
+    EXPECT_EQ(lastPosted(), QStringList({"idLength=28"})); // (274 - 60) * 100 / 740
     drag(c, "control_1", 5000, 0);
     EXPECT_EQ(obj->plateLength(), 800);
     drag(c, "control_1", -5000, 0);
     EXPECT_EQ(obj->plateLength(), 60);
-    EXPECT_EQ(count(c, "line"), 2);
+    EXPECT_EQ(seriesCount(c, "line"), 2);
     drag(c, "control_2", 0, -500);
     EXPECT_EQ(obj->separation(), 30);
-    set(c, "idSeparation", "100");
+    setDirect(c, "idSeparation", "100");
     EXPECT_EQ(obj->separation(), 600);
     // Each line reaches from plate to plate.
     const QRectF line = node(c, "line_1")->documentBounds();

@@ -1,6 +1,6 @@
 // The flat board: length and thickness from their handles and the panel, the bench
 // edge that never moves, the surface looks, and what a drag posts.
-#include "panelhelpers.h"
+#include "panel.h"
 #include <QColor>
 #include <mechanics/FlatBoard.h>
 

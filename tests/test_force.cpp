@@ -1,6 +1,6 @@
 // The force arrow: direction and magnitude from its tip, the upright name and value,
 // typed values, the name through save, capture and undo.
-#include "forces.h"
+#include "panel.h"
 #include <mechanics/Force.h>
 
 namespace {
@@ -14,7 +14,7 @@ QPointF tail(const ObjPtr &o) { return QPointF(node(o->content(), "tail")->numAt
 void dragTipTo(const ObjPtr &o, QPointF where, bool final = true)
 {
     CSVGBase *c = o->content();
-    c->moveControlPoint(node(c, "control_1"), tail(o) + where - ApparatusTest::centre(c, "control_1"), final);
+    c->moveControlPoint(node(c, "control_1"), tail(o) + where - handleCentre(c, "control_1"), final);
 }
 
 struct Force : ApparatusTest {};
@@ -43,8 +43,8 @@ TEST_P(ForceTip, SetsDirectionAndMagnitudeAndTheHandleStaysOnTheTip)
     EXPECT_NEAR(node(c, "arrow")->numAttribute("rotate_angle"), -t.angle, 1e-9);
     const double r = t.angle * kPi / 180, len = t.newtons * CForce::kUnitsPerNewton;
     const QPointF tip = tail(o) + QPointF(std::cos(r), -std::sin(r)) * len;
-    EXPECT_NEAR(centre(c, "control_1").x(), tip.x(), 1e-9);
-    EXPECT_NEAR(centre(c, "control_1").y(), tip.y(), 1e-9);
+    EXPECT_NEAR(handleCentre(c, "control_1").x(), tip.x(), 1e-9);
+    EXPECT_NEAR(handleCentre(c, "control_1").y(), tip.y(), 1e-9);
     // The drawn head ends on the tip.
     const QPointF head = node(c, "arrow")->localTransform().map(static_cast<QSvgPolygon *>(node(c, "head"))->points().first());
     EXPECT_NEAR(head.x(), tip.x(), 1e-9);
@@ -66,25 +66,25 @@ TEST_F(Force, DragFromTheNewArrowPostsOnlyWhatItChanged)
     ObjPtr o = makeObject(200, true);
     CSVGBase *c = o->content();
     // A new arrow points right at 2 N.
-    EXPECT_EQ(centre(c, "control_1"), tail(o) + QPointF(80, 0));
+    EXPECT_EQ(handleCentre(c, "control_1"), tail(o) + QPointF(80, 0));
     GetFramework()->clearMessages();
     dragTipTo(o, {81, 0}, false);  // 2.025 N, still "2.0" and 0 degrees
-    EXPECT_TRUE(posted().isEmpty());
+    EXPECT_TRUE(postedSince().isEmpty());
     dragTipTo(o, {100, 0}, false);
-    EXPECT_EQ(posted(), QStringList{"idForceValue=2.5"});
+    EXPECT_EQ(postedSince(), QStringList{"idForceValue=2.5"});
     GetFramework()->clearMessages();
     dragTipTo(o, {0, -100});
-    EXPECT_EQ(posted(), (QStringList{"idAngle=90"}));
+    EXPECT_EQ(postedSince(), (QStringList{"idAngle=90"}));
 }
 
 TEST_F(Force, LabelStaysUprightAndClearOfTheArrowWhateverItsDirection)
 {
     ObjPtr o = makeObject(200, true);
     CSVGBase *c = o->content();
-    type(c, "idShowValue", "true");
+    typeIn(c, "idShowValue", "true");
     for (int deg = -165; deg <= 180; deg += 15) {
         SCOPED_TRACE(deg);
-        type(c, "idAngle", QString::number(deg));
+        typeIn(c, "idAngle", QString::number(deg));
         QSvgNode *name = node(c, "name");
         EXPECT_EQ(name->text(), "F = 2.0 N");
         EXPECT_TRUE(name->documentTransform().isIdentity());  // never turned with the arrow
@@ -113,7 +113,7 @@ TEST_P(ForceTyped, MovesTheTipAndKeepsTheOtherValue)
     CSVGBase *c = o->content();
     dragTipTo(o, {0, -120});  // 90 degrees, 3 N
     const TypedCase &t = GetParam();
-    type(c, t.key, t.typed);
+    typeIn(c, t.key, t.typed);
     EXPECT_NEAR(force(o)->angle(), t.angle, 1e-9);
     EXPECT_NEAR(force(o)->magnitude(), t.newtons, 1e-9);
 }
@@ -130,18 +130,18 @@ TEST_F(Force, NameIsSavedBeforeTheAttributesShownWithTheValueAndRestored)
 {
     ObjPtr o = makeObject(200, true);
     CSVGBase *c = o->content();
-    type(c, "idForceName", "F\u2081 (\u62c9\u529b)");
-    type(c, "idShowValue", "true");
+    typeIn(c, "idForceName", "F\u2081 (\u62c9\u529b)");
+    typeIn(c, "idShowValue", "true");
     dragTipTo(o, {-60, -60});
     QDataStream in(saveBytes(c));
     QString first;
     in >> first;
     EXPECT_EQ(first, "F\u2081 (\u62c9\u529b)");
     capture(c);
-    type(c, "idForceName", "");
+    typeIn(c, "idForceName", "");
     EXPECT_EQ(node(c, "name")->text(), "2.1 N");
     EXPECT_TRUE(c->editRestore());
     EXPECT_EQ(node(c, "name")->text(), "F\u2081 (\u62c9\u529b) = 2.1 N");
-    type(c, "idShowValue", "false");
+    typeIn(c, "idShowValue", "false");
     EXPECT_EQ(node(c, "name")->text(), "F\u2081 (\u62c9\u529b)");
 }

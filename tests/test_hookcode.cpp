@@ -1,6 +1,6 @@
 // Hook weights: the stack, the rod and the total follow the count and the mass of each;
 // the two combo boxes refuse choices they do not offer.
-#include "forces.h"
+#include "panel.h"
 #include <mechanics/HookCode.h>
 
 namespace {
@@ -24,8 +24,8 @@ TEST_P(HookCodeStack, StackRodAndTotalFollowTheChoice)
     ObjPtr o = makeObject(207, true);
     CSVGBase *c = o->content();
     const StackCase &s = GetParam();
-    type(c, "idCount", s.count);
-    type(c, "idMassEach", s.mass);
+    typeIn(c, "idCount", s.count);
+    typeIn(c, "idMassEach", s.mass);
     EXPECT_EQ(seriesCount(c, "mass"), s.discs);
     EXPECT_EQ(node(c, "mass_label")->text(), s.label);
     // Each disc sits on the one above; the last on the plate, where the rod ends.
@@ -50,14 +50,14 @@ TEST_F(HookCode, ChoicesOutOfRangeAreRefused)
     EXPECT_EQ(node(c, "mass_label")->text(), "100 g");
     const QString before = svgText(c);
     for (const char *v : {"6", "-1", "x"})
-        EXPECT_FALSE(type(c, "idCount", v)) << v;
+        EXPECT_FALSE(typeIn(c, "idCount", v)) << v;
     // The masses offer three choices, though the count offers six.
     for (const char *v : {"3", "5", "-1"})
-        EXPECT_FALSE(type(c, "idMassEach", v)) << v;
+        EXPECT_FALSE(typeIn(c, "idMassEach", v)) << v;
     EXPECT_EQ(svgText(c), before);
     // Fewer masses, a shorter drawing.
     const double tall = c->document()->viewBox().height();
-    EXPECT_TRUE(type(c, "idCount", "0"));
+    EXPECT_TRUE(typeIn(c, "idCount", "0"));
     EXPECT_LT(c->document()->viewBox().height(), tall);
     // The masses' property item offers the masses, not the count's six choices.
     const QByteArray data = c->propItemByAttribute(5101)->comboData();

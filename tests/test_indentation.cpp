@@ -1,7 +1,7 @@
 // The indentation: depth and width of the dent from their handles and the panel, the
 // dent kept centred and within the block, the texture squeezed under it, what a drag
 // posts, and the material.
-#include "panelhelpers.h"
+#include "panel.h"
 #include <mechanics/Indentation.h>
 
 namespace {

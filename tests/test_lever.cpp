@@ -1,6 +1,6 @@
 // The lever: tilt and holes per side from the right end's handle and from the panel,
 // the holes placed at equal pitch with none at the pivot, and what a drag posts.
-#include "panelhelpers.h"
+#include "panel.h"
 #include <QColor>
 #include <cmath>
 #include <mechanics/Lever.h>

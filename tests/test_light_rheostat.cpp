@@ -5,7 +5,6 @@
 #include <electromagnetism/Light.h>
 #include <electromagnetism/SlidingRheostat.h>
 
-using namespace Panel;
 
 namespace {
 
@@ -19,7 +18,7 @@ struct OwnRecord {
     const char *key, *value;
     int propId, kind; // kind 0 a bool, 1 an int
 };
-struct OwnRecords : Fixture, ::testing::WithParamInterface<OwnRecord> {};
+struct OwnRecords : ApparatusTest, ::testing::WithParamInterface<OwnRecord> {};
 
 } // namespace
 
@@ -46,10 +45,10 @@ INSTANTIATE_TEST_SUITE_P(Values, OwnRecords,
 TEST_F(LightTest, BrighterMeansALargerStrongerHalo)
 {
     EXPECT_FALSE(node(c, "glow")->isVisible());
-    set(c, "idLightOn", "true");
+    setDirect(c, "idLightOn", "true");
     double lastR = 0, lastOpacity = 0;
     for (const char *b : {"1", "20", "60", "100"}) {
-        set(c, "idBrightness", b);
+        setDirect(c, "idBrightness", b);
         EXPECT_TRUE(node(c, "glow")->isVisible()) << b;
         EXPECT_GT(halo("r"), lastR) << b;
         EXPECT_GT(halo("opacity"), lastOpacity) << b;
@@ -57,17 +56,17 @@ TEST_F(LightTest, BrighterMeansALargerStrongerHalo)
         lastOpacity = halo("opacity");
     }
     // At 0 only the filament glows, warm.
-    set(c, "idBrightness", "0");
+    setDirect(c, "idBrightness", "0");
     EXPECT_FALSE(node(c, "glow")->isVisible());
-    set(c, "idLightOn", "false");
+    setDirect(c, "idLightOn", "false");
     const QString off = node(c, "filament")->attribute("stroke");
-    set(c, "idLightOn", "true");
+    setDirect(c, "idLightOn", "true");
     EXPECT_NE(node(c, "filament")->attribute("stroke"), off);
 }
 
 TEST_F(LightTest, GlowsInTheHostsLightColour)
 {
-    set(c, "idLightOn", "true");
+    setDirect(c, "idLightOn", "true");
     EXPECT_TRUE(c->editAttribute(5005, colourValue(QColor("#7fd4ff"))));
     for (const char *stop : {"halo_0", "halo_1", "halo_2"})
         EXPECT_EQ(node(c, stop)->styleProperty("stop-color").toLower(), "#7fd4ff") << stop;
@@ -82,21 +81,21 @@ TEST_F(LightTest, TypedValuesAreHeldToTheirRange)
         int brightness;
     } cases[] = {{"150", 100}, {"-3", 0}, {"33.6", 34}, {"abc", 34}, {"", 34}, {"nan", 34}};
     for (const auto &k : cases) {
-        set(c, "idBrightness", k.typed);
+        setDirect(c, "idBrightness", k.typed);
         EXPECT_EQ(obj->brightness(), k.brightness) << k.typed;
     }
-    set(c, "idLightOn", "1"); // only "true" switches on
+    setDirect(c, "idLightOn", "1"); // only "true" switches on
     EXPECT_FALSE(obj->isOn());
 }
 
 TEST_F(LightTest, SavesItsValuesFirstAndRestoresThem)
 {
-    set(c, "idLightOn", "true");
-    set(c, "idBrightness", "25");
-    event(c, 2804);
-    set(c, "idLightOn", "false");
-    set(c, "idBrightness", "90");
-    event(c, 2805);
+    setDirect(c, "idLightOn", "true");
+    setDirect(c, "idBrightness", "25");
+    sendEvent(c, 2804);
+    setDirect(c, "idLightOn", "false");
+    setDirect(c, "idBrightness", "90");
+    sendEvent(c, 2805);
     EXPECT_TRUE(obj->isOn());
     EXPECT_EQ(obj->brightness(), 25);
     // A bool, then the brightness as a 32-bit integer.
@@ -113,7 +112,7 @@ struct Slider {
     int type;
     double left, right;
 };
-struct SliderTravel : Fixture, ::testing::WithParamInterface<Slider> {
+struct SliderTravel : ApparatusTest, ::testing::WithParamInterface<Slider> {
     double handleX(CSVGBase *c) { return node(c, "control_1")->rect().center().x(); }
 };
 
@@ -123,7 +122,7 @@ TEST_P(SliderTravel, ReachesBothEndsAndReadsBackWhatIsTyped)
 {
     const Slider s = GetParam();
     CSVGBase *c = make(s.type);
-    EXPECT_TRUE(keys(c).contains("idPosValue"));
+    EXPECT_TRUE(settingKeys(c).contains("idPosValue"));
     EXPECT_NEAR(handleX(c), (s.left + s.right) / 2, 1e-9);
     const double y = node(c, "control_1")->rect().y();
     drag(c, "control_1", -1000, 20);
@@ -133,15 +132,15 @@ TEST_P(SliderTravel, ReachesBothEndsAndReadsBackWhatIsTyped)
     EXPECT_NEAR(handleX(c), s.right, 1e-9);
     GetFramework()->clearMessages();
     drag(c, "control_1", -(s.right - s.left) * 0.75, 0);
-    EXPECT_EQ(posted(), QStringList({"idPosValue=25"}));
+    EXPECT_EQ(lastPosted(), QStringList({"idPosValue=25"}));
     // Every whole percentage typed reads back as typed.
     for (int p = 0; p <= 100; ++p) {
-        set(c, "idPosValue", QString::number(p));
+        setDirect(c, "idPosValue", QString::number(p));
         ASSERT_EQ(shown(c, "idPosValue"), QString::number(p));
     }
-    set(c, "idPosValue", "250");
+    setDirect(c, "idPosValue", "250");
     EXPECT_NEAR(handleX(c), s.right, 1e-9);
-    set(c, "idPosValue", "x");
+    setDirect(c, "idPosValue", "x");
     EXPECT_NEAR(handleX(c), s.right, 1e-9);
     // The exact place survives a reopen, and a drag after it goes on as on the original.
     drag(c, "control_1", -7.3, 0);
@@ -149,37 +148,37 @@ TEST_P(SliderTravel, ReachesBothEndsAndReadsBackWhatIsTyped)
     drag(c, "control_1", -3, 0);
     drag(copy->content(), "control_1", -3, 0);
     EXPECT_EQ(saveBytes(copy->content()), saveBytes(c));
-    event(c, 2804);
-    set(c, "idPosValue", "0");
-    event(c, 2805);
+    sendEvent(c, 2804);
+    setDirect(c, "idPosValue", "0");
+    sendEvent(c, 2805);
     EXPECT_EQ(handleX(c), handleX(copy->content()));
 }
 
 INSTANTIATE_TEST_SUITE_P(Types, SliderTravel,
                          ::testing::Values(Slider{407, 50, 230}, Slider{711, 17.313, 17.313 + 37.125}));
 
-using RheostatTest = Fixture;
+using RheostatTest = ApparatusTest;
 
 TEST_F(RheostatTest, SliderFollowsTheHandleAndNamesShowOnTheSwitch)
 {
     CSVGBase *c = make(407);
-    set(c, "idPosValue", "25");
+    setDirect(c, "idPosValue", "25");
     EXPECT_EQ(node(c, "slider")->attribute("transform"), "translate(-45,0)");
     for (const char *n : {"name_a", "name_b", "name_c", "name_d"})
         EXPECT_FALSE(node(c, n)->isVisible()) << n;
-    set(c, "idShowTerminalNames", "true");
+    setDirect(c, "idShowTerminalNames", "true");
     EXPECT_EQ(node(c, "name_c")->text(), "C");
     EXPECT_TRUE(node(c, "name_d")->isVisible());
-    EXPECT_EQ(Panel::count(c, "coil"), 60);
+    EXPECT_EQ(seriesCount(c, "coil"), 60);
 }
 
 TEST_F(RheostatTest, SymbolLabelReadsTwentyOhmsWhileThePanelOffersTheNumber)
 {
     CSVGBase *c = make(711);
     EXPECT_EQ(node(c, "textInput")->text(), QString::fromUtf8("20\xCE\xA9"));
-    EXPECT_EQ(keys(c).size(), 3);
+    EXPECT_EQ(settingKeys(c).size(), 3);
     EXPECT_EQ(settingsOf(c).at(0).toObject().value("value").toString(), "20");
-    set(c, "idTextContent", "R=0~50ohm");
+    setDirect(c, "idTextContent", "R=0~50ohm");
     EXPECT_EQ(node(c, "textInput")->text(), "R=0~50ohm");
     // The arrow's point touches the top edge right under the handle.
     drag(c, "control_1", 5.5, 0);

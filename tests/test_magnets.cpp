@@ -5,7 +5,6 @@
 #include <electromagnetism/Smallneedle.h>
 #include <electromagnetism/UtypeMagnet.h>
 
-using namespace Panel;
 
 namespace {
 
@@ -17,25 +16,25 @@ using BarMagnetTest = Of<CBarMagnet, 504>;
 
 TEST_F(BarMagnetTest, FlippedLettersFollowTheirHalves)
 {
-    EXPECT_EQ(keys(c), QStringList({"idPoleDirection", "idNorthColor", "idSouthColor", "idShowLetters"}));
+    EXPECT_EQ(settingKeys(c), QStringList({"idPoleDirection", "idNorthColor", "idSouthColor", "idShowLetters"}));
     EXPECT_GT(centre(c, "north").x(), centre(c, "south").x());
-    set(c, "idPoleDirection", "1");
+    setDirect(c, "idPoleDirection", "1");
     EXPECT_FALSE(obj->northOnRight());
     EXPECT_LT(centre(c, "north").x(), centre(c, "south").x());
     EXPECT_NEAR(centre(c, "north_text").x(), centre(c, "north").x(), 1);
     EXPECT_NEAR(centre(c, "south_text").x(), centre(c, "south").x(), 1);
-    set(c, "idPoleDirection", "2"); // no such choice
+    setDirect(c, "idPoleDirection", "2"); // no such choice
     EXPECT_FALSE(obj->northOnRight());
-    set(c, "idShowLetters", "false");
+    setDirect(c, "idShowLetters", "false");
     EXPECT_FALSE(node(c, "north_text")->isVisible());
     EXPECT_FALSE(node(c, "south_text")->isVisible());
 }
 
 TEST_F(BarMagnetTest, PoleColoursUndoRestoreAndTheHostColour)
 {
-    event(c, 2804);
-    set(c, "idNorthColor", "#ff8800");
-    set(c, "idSouthColor", "not a colour");
+    sendEvent(c, 2804);
+    setDirect(c, "idNorthColor", "#ff8800");
+    setDirect(c, "idSouthColor", "not a colour");
     EXPECT_EQ(obj->attributes().value(5101).color, QColor("#ff8800"));
     EXPECT_EQ(obj->attributes().value(5102).color, QColor(0x1E, 0x63, 0xD6));
     // The host's drawing colour leaves the poles alone.
@@ -43,7 +42,7 @@ TEST_F(BarMagnetTest, PoleColoursUndoRestoreAndTheHostColour)
     EXPECT_NE(node(c, "north")->attribute("fill").toLower(), "#00ff00");
     GetFramework()->undoStack()->undo();
     EXPECT_EQ(QColor(node(c, "north")->attribute("fill")), QColor("#ff8800"));
-    event(c, 2805);
+    sendEvent(c, 2805);
     EXPECT_EQ(QColor(node(c, "north")->attribute("fill")), QColor(0xE5, 0x39, 0x35));
     EXPECT_EQ(QColor(node(c, "south")->attribute("fill")), QColor(0x1E, 0x63, 0xD6));
 }
@@ -54,24 +53,24 @@ using UtypeMagnetTest = Of<CUtypeMagnet, 505>;
 
 TEST_F(UtypeMagnetTest, LiesOnItsSideWithNorthOnTop)
 {
-    EXPECT_EQ(keys(c), QStringList({"idPoleDirection", "idNorthColor", "idSouthColor", "idLength", "idGap"}));
+    EXPECT_EQ(settingKeys(c), QStringList({"idPoleDirection", "idNorthColor", "idSouthColor", "idLength", "idGap"}));
     EXPECT_EQ(obj->armLength(), 120);
     EXPECT_EQ(obj->gap(), 60);
     EXPECT_LT(centre(c, "north").y(), centre(c, "south").y());
     EXPECT_GT(centre(c, "north").x(), centre(c, "body").x()); // the arms open to the right
-    set(c, "idPoleDirection", "1");
+    setDirect(c, "idPoleDirection", "1");
     EXPECT_GT(centre(c, "north").y(), centre(c, "south").y());
     EXPECT_NEAR(centre(c, "north_text").y(), centre(c, "north").y(), 1);
 }
 
 TEST_F(UtypeMagnetTest, ArmAndGapHandlesKeepTheirRangesAndRestore)
 {
-    event(c, 2804);
+    sendEvent(c, 2804);
     const double upper = node(c, "north")->documentBounds().top();
     GetFramework()->clearMessages();
     drag(c, "control_2", 0, 70);
     EXPECT_EQ(obj->gap(), 130);
-    EXPECT_EQ(posted(), QStringList({"idGap=39"})); // (130 - 20) * 100 / 280
+    EXPECT_EQ(lastPosted(), QStringList({"idGap=39"})); // (130 - 20) * 100 / 280
     EXPECT_EQ(node(c, "north")->documentBounds().top(), upper);
     // The bend follows the gap: the lower arm's end is still joined to the upper one.
     EXPECT_NEAR(node(c, "body")->documentBounds().height(), obj->gap() + 52, 1);
@@ -79,12 +78,12 @@ TEST_F(UtypeMagnetTest, ArmAndGapHandlesKeepTheirRangesAndRestore)
     EXPECT_EQ(obj->gap(), 300);
     drag(c, "control_1", -1000, 0);
     EXPECT_EQ(obj->armLength(), 30);
-    set(c, "idLength", "100");
+    setDirect(c, "idLength", "100");
     EXPECT_EQ(obj->armLength(), 400);
-    set(c, "idGap", "0");
+    setDirect(c, "idGap", "0");
     EXPECT_EQ(obj->gap(), 20);
     EXPECT_TRUE(reopens(c));
-    event(c, 2805);
+    sendEvent(c, 2805);
     EXPECT_EQ(obj->armLength(), 120);
     EXPECT_EQ(obj->gap(), 60);
 }
@@ -117,7 +116,7 @@ TEST_P(SmallneedleTurns, HandleStaysOnItsCircle)
     EXPECT_EQ(shown(c, "idAngle"), QString::number(t.shown));
     EXPECT_NEAR(node(c, "needle")->numAttribute("rotate_angle"), -obj->angle(), 1e-9);
     if (t.shown != 0) {
-        EXPECT_EQ(posted(), QStringList({"idAngle=" + QString::number(t.shown)}));
+        EXPECT_EQ(lastPosted(), QStringList({"idAngle=" + QString::number(t.shown)}));
     }
     EXPECT_TRUE(reopens(c));
 }
@@ -128,23 +127,23 @@ INSTANTIATE_TEST_SUITE_P(Drags, SmallneedleTurns,
 
 TEST_F(SmallneedleTest, TypedAngleTurnsTheNeedleAndRestores)
 {
-    EXPECT_EQ(keys(c), QStringList({"idAngle"}));
+    EXPECT_EQ(settingKeys(c), QStringList({"idAngle"}));
     EXPECT_TRUE(c->getPropName(5002).isEmpty()); // its colours tell north from south
     GetFramework()->clearMessages();
-    set(c, "idAngle", "135");
+    setDirect(c, "idAngle", "135");
     EXPECT_NEAR(obj->angle(), 135, 1e-9);
     EXPECT_NEAR(tip().x(), -48 * std::sqrt(0.5), 1e-9);
     EXPECT_NEAR(tip().y(), -48 * std::sqrt(0.5), 1e-9);
     EXPECT_TRUE(GetFramework()->settingsMessages().isEmpty());
-    event(c, 2804);
-    set(c, "idAngle", "-180");
+    sendEvent(c, 2804);
+    setDirect(c, "idAngle", "-180");
     EXPECT_EQ(shown(c, "idAngle"), "180");
-    set(c, "idAngle", "725");
+    setDirect(c, "idAngle", "725");
     EXPECT_EQ(shown(c, "idAngle"), "180");
-    set(c, "idAngle", "-44.6");
+    setDirect(c, "idAngle", "-44.6");
     EXPECT_EQ(shown(c, "idAngle"), "-45");
-    set(c, "idAngle", "north");
+    setDirect(c, "idAngle", "north");
     EXPECT_EQ(shown(c, "idAngle"), "-45");
-    event(c, 2805);
+    sendEvent(c, 2805);
     EXPECT_NEAR(obj->angle(), 135, 1e-9);
 }

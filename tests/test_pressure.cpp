@@ -1,6 +1,6 @@
 // The U-tube pressure gauge: two levels that differ by the height it reports, the liquid
 // conserved, typed differences, limits, the probe.
-#include "forces.h"
+#include "panel.h"
 #include <mechanics/Pressure.h>
 
 namespace {
@@ -26,7 +26,7 @@ TEST_P(PressureDifference, LevelsDifferByTheReportedHeightAboutTheRestLevel)
 {
     ObjPtr o = makeObject(301, true);
     CSVGBase *c = o->content();
-    type(c, "idHeightDiff", GetParam().typed);
+    typeIn(c, "idHeightDiff", GetParam().typed);
     EXPECT_EQ(shown(c, "idHeightDiff"), GetParam().reads);
     EXPECT_NEAR(drawnDifference(c), QString(GetParam().reads).toDouble(), 1e-9);
     // What leaves one arm rises in the other.
@@ -34,7 +34,7 @@ TEST_P(PressureDifference, LevelsDifferByTheReportedHeightAboutTheRestLevel)
     EXPECT_EQ(node(c, "liquid_left")->numAttribute("y"), level(c, "surface_left"));
     EXPECT_EQ(node(c, "liquid_right")->numAttribute("y"), level(c, "surface_right"));
     // The handle stands on the left surface.
-    EXPECT_NEAR(centre(c, "control_1").y(), level(c, "surface_left"), 1e-9);
+    EXPECT_NEAR(handleCentre(c, "control_1").y(), level(c, "surface_left"), 1e-9);
 }
 
 INSTANTIATE_TEST_SUITE_P(Pressure, PressureDifference, ::testing::Values(
@@ -48,9 +48,9 @@ TEST_F(Pressure, DragRestsOnItsReadingAndPostsIt)
     EXPECT_EQ(level(c, "surface_left"), CPressure::kRestY);  // level when new
     GetFramework()->clearMessages();
     drag(c, "control_1", 0, 0.2, false);  // 0.04 cm: still "0.0"
-    EXPECT_TRUE(posted().isEmpty());
+    EXPECT_TRUE(postedSince().isEmpty());
     drag(c, "control_1", 0, 29.8, true);  // 3 cm down: 6 cm difference
-    EXPECT_EQ(posted(), QStringList{"idHeightDiff=6.0"});
+    EXPECT_EQ(postedSince(), QStringList{"idHeightDiff=6.0"});
     EXPECT_DOUBLE_EQ(drawnDifference(c), 6);
     // Up past the rest level the right level is the lower; the travel ends at 10 cm.
     drag(c, "control_1", 0, -500);
@@ -68,7 +68,7 @@ TEST_F(Pressure, ProbeAndHoseShowTogether)
 {
     ObjPtr o = makeObject(301, true);
     CSVGBase *c = o->content();
-    EXPECT_TRUE(type(c, "idShowProbe", "false"));
+    EXPECT_TRUE(typeIn(c, "idShowProbe", "false"));
     EXPECT_FALSE(node(c, "probe")->isVisible());
     EXPECT_FALSE(node(c, "hose")->isVisible());
 }

@@ -1,6 +1,6 @@
 // The propeller: the handle kept on the first blade's tip circle, the rotor's angle,
 // the blades regenerated evenly.
-#include "forces.h"
+#include "panel.h"
 #include <mechanics/Propeller.h>
 
 namespace {
@@ -30,13 +30,13 @@ TEST_P(PropellerTurn, HandleTurnsTheRotorAndStaysOnItsCircle)
 {
     ObjPtr o = makeObject(300, true);
     CSVGBase *c = o->content();
-    EXPECT_EQ(centre(c, "control_1"), QPointF(60, 10));  // blade_1 points up
+    EXPECT_EQ(handleCentre(c, "control_1"), QPointF(60, 10));  // blade_1 points up
     GetFramework()->clearMessages();
     const TurnCase &t = GetParam();
-    c->moveControlPoint(node(c, "control_1"), kHub + t.to - centre(c, "control_1"), true);
+    c->moveControlPoint(node(c, "control_1"), kHub + t.to - handleCentre(c, "control_1"), true);
     EXPECT_EQ(shown(c, "idAngle"), t.degrees);
-    EXPECT_EQ(posted(), QString(t.degrees) == "90" ? QStringList() : QStringList{QString("idAngle=") + t.degrees});
-    const QPointF h = centre(c, "control_1");
+    EXPECT_EQ(postedSince(), QString(t.degrees) == "90" ? QStringList() : QStringList{QString("idAngle=") + t.degrees});
+    const QPointF h = handleCentre(c, "control_1");
     EXPECT_NEAR(std::hypot(h.x() - kHub.x(), h.y() - kHub.y()), CPropeller::kTipRadius, 1e-9);
     // blade_1's tip is under the handle.
     EXPECT_NEAR(bladeTip(c, 1).x(), h.x(), 1e-9);
@@ -61,9 +61,9 @@ TEST_P(PropellerBlades, BladesAreRegeneratedEvenlyAnticlockwise)
 {
     ObjPtr o = makeObject(300, true);
     CSVGBase *c = o->content();
-    type(c, "idAngle", "20");
-    EXPECT_TRUE(type(c, "idBladeCount", GetParam().index) || GetParam().blades == 3);  // 3 blades by default
-    type(c, "idBladeColor", "#c62828");
+    typeIn(c, "idAngle", "20");
+    EXPECT_TRUE(typeIn(c, "idBladeCount", GetParam().index) || GetParam().blades == 3);  // 3 blades by default
+    typeIn(c, "idBladeColor", "#c62828");
     ASSERT_EQ(seriesCount(c, "blade"), GetParam().blades);
     for (int k = 1; k <= GetParam().blades; ++k) {
         const QPointF tip = bladeTip(c, k) - kHub;

@@ -1,6 +1,6 @@
 // The fixed pulley: the right fall and its limits, the left one kept, the hooks, the
 // panel percentage.
-#include "forces.h"
+#include "panel.h"
 #include <mechanics/Pulley.h>
 
 namespace {
@@ -25,7 +25,7 @@ TEST_P(PulleyFall, HandleSetsTheRightFallWithinItsLimits)
     drag(c, "control_1", 5, GetParam().dy);
     EXPECT_DOUBLE_EQ(static_cast<CPulley *>(c)->rightFall(), GetParam().fall);
     EXPECT_DOUBLE_EQ(lineOf(c, "rope_right").length(), GetParam().fall);
-    EXPECT_EQ(lineOf(c, "rope_right").p2(), centre(c, "control_1"));
+    EXPECT_EQ(lineOf(c, "rope_right").p2(), handleCentre(c, "control_1"));
     // The falls leave the wheel where they touch it.
     const QPointF w = wheelCentre(c, "wheel");
     EXPECT_EQ(lineOf(c, "rope_right").p1(), w + QPointF(wheelRadius(c, "wheel"), 0));
@@ -33,7 +33,7 @@ TEST_P(PulleyFall, HandleSetsTheRightFallWithinItsLimits)
     EXPECT_EQ(lineOf(c, "rope_left").length(), CPulley::kLeftFall);
     EXPECT_EQ(shown(c, "idPosValue"), GetParam().percent);
     const QStringList expected = QString(GetParam().percent) == "13" ? QStringList() : QStringList{QString("idPosValue=") + GetParam().percent};
-    EXPECT_EQ(posted(), expected);
+    EXPECT_EQ(postedSince(), expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(Pulley, PulleyFall, ::testing::Values(
@@ -44,13 +44,13 @@ TEST_F(Pulley, TypedPercentagesAndOneHook)
 {
     ObjPtr o = makeObject(204, true);
     CSVGBase *c = o->content();
-    EXPECT_TRUE(type(c, "idPosValue", "50"));
+    EXPECT_TRUE(typeIn(c, "idPosValue", "50"));
     EXPECT_DOUBLE_EQ(static_cast<CPulley *>(c)->rightFall(), 310);
-    EXPECT_TRUE(type(c, "idPosValue", "150"));
+    EXPECT_TRUE(typeIn(c, "idPosValue", "150"));
     EXPECT_DOUBLE_EQ(static_cast<CPulley *>(c)->rightFall(), 600);
-    EXPECT_FALSE(type(c, "idPosValue", "long"));
-    EXPECT_TRUE(posted().isEmpty());
-    EXPECT_TRUE(type(c, "idHookCount", "0"));
+    EXPECT_FALSE(typeIn(c, "idPosValue", "long"));
+    EXPECT_TRUE(postedSince().isEmpty());
+    EXPECT_TRUE(typeIn(c, "idHookCount", "0"));
     EXPECT_FALSE(node(c, "hook_left")->isVisible());
     EXPECT_TRUE(node(c, "hook_right")->isVisible());
 }

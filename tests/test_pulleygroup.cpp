@@ -1,6 +1,6 @@
 // The pulley block of two: the free end moving twice as far as the load, the other way;
 // the rope meeting the wheels; the drop as a percentage; the segment count.
-#include "forces.h"
+#include "panel.h"
 #include <mechanics/PulleyGroup.h>
 
 namespace {
@@ -18,7 +18,7 @@ TEST_F(PulleyGroup, LoadFromItsLowestByPercentageOnlyTheLoadMovesTheFreeEnd)
     EXPECT_EQ(lineOf(c, "free_end").length(), 40);
     EXPECT_EQ(lineOf(c, "free_end").p2(), g->freeEnd());
     EXPECT_EQ(shown(c, "idPosValue"), "100");
-    type(c, "idShowSegments", "true");
+    typeIn(c, "idShowSegments", "true");
     EXPECT_TRUE(node(c, "n_label")->isVisible());
     // The free end cannot be dragged: only the load moves it.
     const QString before = svgText(c);
@@ -26,10 +26,10 @@ TEST_F(PulleyGroup, LoadFromItsLowestByPercentageOnlyTheLoadMovesTheFreeEnd)
     EXPECT_EQ(svgText(c), before);
     EXPECT_EQ(GetFramework()->undoStack()->count(), 1);
     // 0 % with the load at its highest; typed decimals are rounded.
-    type(c, "idPosValue", "0");
+    typeIn(c, "idPosValue", "0");
     EXPECT_DOUBLE_EQ(g->drop(), CPulleyGroup::kMinDrop);
     EXPECT_DOUBLE_EQ(lineOf(c, "free_end").length(), 40 + 2 * 200);
-    type(c, "idPosValue", "25.4");
+    typeIn(c, "idPosValue", "25.4");
     EXPECT_DOUBLE_EQ(g->drop(), 90);
 }
 
@@ -40,9 +40,9 @@ TEST_P(PulleyGroupRaise, FreeEndMovesTwiceAsFarTheOtherWay)
     ObjPtr o = makeObject(205, true);
     CSVGBase *c = o->content();
     auto *g = static_cast<CPulleyGroup *>(c);
-    const QPointF end = g->freeEnd(), hook = centre(c, "control_1");
+    const QPointF end = g->freeEnd(), hook = handleCentre(c, "control_1");
     drag(c, "control_1", 0, -GetParam());
-    const double rise = hook.y() - centre(c, "control_1").y();
+    const double rise = hook.y() - handleCentre(c, "control_1").y();
     EXPECT_DOUBLE_EQ(rise, std::min(GetParam(), 200.0));
     EXPECT_DOUBLE_EQ(g->freeEnd().y() - end.y(), 2 * rise);
     EXPECT_EQ(g->freeEnd().x(), end.x());

@@ -1,6 +1,6 @@
 // The pulley block of four: pulled down or up, the free end moves n times as far as the
 // load; every fall straight between wheels; the rope end change.
-#include "forces.h"
+#include "panel.h"
 #include <mechanics/PulleyGroup2.h>
 
 namespace {
@@ -24,8 +24,8 @@ TEST_P(PulleyGroup2Raise, FreeEndMovesNTimesAsFarAsTheLoad)
     CSVGBase *c = o->content();
     auto *g = static_cast<CPulleyGroup2 *>(c);
     const BlockCase &b = GetParam();
-    type(c, "idRopeEnd", b.ropeEnd);
-    type(c, "idShowSegments", "true");
+    typeIn(c, "idRopeEnd", b.ropeEnd);
+    typeIn(c, "idShowSegments", "true");
     EXPECT_EQ(g->falls(), b.n);
     EXPECT_EQ(node(c, "n_label")->text(), QString("n = %1").arg(b.n));
     const QPointF end = g->freeEnd();
@@ -54,10 +54,10 @@ TEST_F(PulleyGroup2, RopeEndChangeKeepsTheLoad)
 {
     ObjPtr o = makeObject(206, true);
     CSVGBase *c = o->content();
-    type(c, "idPosValue", "40");
-    const QPointF hook = centre(c, "control_1");
-    EXPECT_TRUE(type(c, "idRopeEnd", "1"));
-    EXPECT_EQ(centre(c, "control_1"), hook);
+    typeIn(c, "idPosValue", "40");
+    const QPointF hook = handleCentre(c, "control_1");
+    EXPECT_TRUE(typeIn(c, "idRopeEnd", "1"));
+    EXPECT_EQ(handleCentre(c, "control_1"), hook);
     EXPECT_EQ(shown(c, "idPosValue"), "40");
     EXPECT_TRUE(node(c, "anchor_moving")->isVisible());
     EXPECT_FALSE(node(c, "anchor_fixed")->isVisible());

@@ -1,6 +1,6 @@
 // The skateboard: the length its right end and the panel set, the trucks that follow,
 // and the deck colour.
-#include "panelhelpers.h"
+#include "panel.h"
 #include <QColor>
 #include <mechanics/Skateboard.h>
 

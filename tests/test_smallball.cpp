@@ -1,6 +1,6 @@
 // The small ball: the radius its edge handle and the size percentage set about a fixed
 // centre, the shading that follows the body colour, and the centre mark.
-#include "panelhelpers.h"
+#include "panel.h"
 #include <QColor>
 #include <mechanics/SmallBall.h>
 

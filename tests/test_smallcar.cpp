@@ -1,6 +1,6 @@
 // The small cart: the body length its right end and the panel set, the wheels kept at a
 // fifth from each end, the hook and colour.
-#include "panelhelpers.h"
+#include "panel.h"
 #include <QColor>
 #include <mechanics/SmallCar.h>
 

@@ -1,6 +1,6 @@
 // The spring balance: the pointer at the tick its reading names, the three ranges and
 // their numbers, typed readings, limits, the spring's turns.
-#include "forces.h"
+#include "panel.h"
 #include <mechanics/Springbalance.h>
 
 namespace {
@@ -36,12 +36,12 @@ TEST_P(SpringbalanceRange, PointerStandsAtTheTickItsReadingNames)
     ObjPtr o = makeObject(203, true);
     CSVGBase *c = o->content();
     const RangeCase &t = GetParam();
-    type(c, "idRange", t.range);
-    type(c, "idForceValue", t.typed);
+    typeIn(c, "idRange", t.range);
+    typeIn(c, "idForceValue", t.typed);
     if (*t.to)
-        type(c, "idRange", t.to);
+        typeIn(c, "idRange", t.to);
     EXPECT_EQ(numbers(c), t.numbers);
-    EXPECT_EQ(item(c, "idForceValue").value("max").toString(), t.numbers.last());
+    EXPECT_EQ(settingItem(c, "idForceValue").value("max").toString(), t.numbers.last());
     EXPECT_EQ(shown(c, "idForceValue"), t.reads);
     EXPECT_DOUBLE_EQ(pointerY(c), tickY(c, t.tick));
 }
@@ -62,9 +62,9 @@ TEST_F(Springbalance, DragRestsOnItsReadingAndPostsIt)
     EXPECT_EQ(pointerY(c), tickY(c, 1));  // a new balance reads 0
     GetFramework()->clearMessages();
     drag(c, "control_1", 0, 1, false);  // 0.033 N: still "0.0"
-    EXPECT_TRUE(posted().isEmpty());
+    EXPECT_TRUE(postedSince().isEmpty());
     drag(c, "control_1", 0, 107, true);  // 108 units: 3.6 N
-    EXPECT_EQ(posted(), QStringList{"idForceValue=3.6"});
+    EXPECT_EQ(postedSince(), QStringList{"idForceValue=3.6"});
     EXPECT_EQ(shown(c, "idForceValue"), "3.6");
     EXPECT_DOUBLE_EQ(pointerY(c), tickY(c, 37));
     // Off the scale either way, the hook stops at its ends.
@@ -83,7 +83,7 @@ TEST_F(Springbalance, SpringTurnsShareTheStretchEvenly)
     CSVGBase *c = o->content();
     for (const char *v : {"0", "2.5", "5"}) {
         SCOPED_TRACE(v);
-        type(c, "idForceValue", v);
+        typeIn(c, "idForceValue", v);
         ASSERT_TRUE(node(c, "turn_12"));
         EXPECT_FALSE(node(c, "turn_13"));
         auto top = [&](int k) {

@@ -1,7 +1,7 @@
 // The vernier calipers: the reading names the vernier tick that meets a main-scale
 // tick, on every vernier; the jaw snaps to the reading; typed values, division changes
 // and what a drag posts.
-#include "panelhelpers.h"
+#include "panel.h"
 #include <mechanics/VernierCalipers.h>
 
 namespace {

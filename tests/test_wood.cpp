@@ -1,6 +1,6 @@
 // The wood block: width and height from its corner handle and the panel with the top
 // left kept, grain lines that follow the height, the hook and colour.
-#include "panelhelpers.h"
+#include "panel.h"
 #include <QColor>
 #include <mechanics/Wood.h>
 
