@@ -294,7 +294,7 @@ private:
 
 void QSvgTinyDocument::render(QPainter *p, const QRectF &target, const RenderOptions &options) const
 {
-    const QRectF vb = m_viewBox.isEmpty() ? const_cast<QSvgTinyDocument *>(this)->transformedBounds() : m_viewBox;
+    const QRectF vb = shownBox();
     const QRectF to = target.isNull() ? QRectF(QPointF(0, 0), size()) : target;
     if (vb.isEmpty() || to.isEmpty())
         return;

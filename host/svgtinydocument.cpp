@@ -9,7 +9,12 @@ QSizeF QSvgTinyDocument::size() const
 {
     if (m_size.width() > 0 && m_size.height() > 0)
         return m_size;
-    return m_viewBox.size();
+    return shownBox().size();
+}
+
+QRectF QSvgTinyDocument::shownBox() const
+{
+    return m_viewBox.isEmpty() ? const_cast<QSvgTinyDocument *>(this)->transformedBounds() : m_viewBox;
 }
 
 QRectF QSvgTinyDocument::cachedBounds()

@@ -65,6 +65,9 @@ public:
     int indexedCount() const { return m_index.size(); }
 
     QRectF viewBox() const { return m_viewBox; }
+    // The box the drawing is shown in: the view box, or the drawing's own bounds when
+    // the file gave none. Painting, writing and sizing all use this one.
+    QRectF shownBox() const;
     // Qt compares rectangles and sizes fuzzily; a drawing is kept to the last bit.
     void setViewBox(const QRectF &r)
     {

@@ -193,7 +193,7 @@ QByteArray QSvgTinyDocument::toSvg(const WriteOptions &o) const
     const QSizeF s = size();
     w.writeAttribute(QStringLiteral("width"), SvgNumbers::format(s.width()) + QStringLiteral("px"));
     w.writeAttribute(QStringLiteral("height"), SvgNumbers::format(s.height()) + QStringLiteral("px"));
-    const QRectF vb = m_viewBox;
+    const QRectF vb = shownBox();
     w.writeAttribute(QStringLiteral("viewBox"), QStringLiteral("%1 %2 %3 %4").arg(SvgNumbers::format(vb.x()), SvgNumbers::format(vb.y()),
                                                                            SvgNumbers::format(vb.width()), SvgNumbers::format(vb.height())));
     for (const auto &c : children())
