@@ -4,10 +4,16 @@ set(HOST_SOURCES
   host/framework.cpp
   host/svgbase.cpp
   host/svgbaseedit.cpp
+  host/svgbasepatch.cpp
+  host/svgbaserecords.cpp
   host/svgbasestream.cpp
   host/svgbaseundocmd.cpp
   host/svghandler.cpp
   host/svgnode.cpp
+  host/svgnode_p.h
+  host/svgnodeattributes.cpp
+  host/svgnumbers.cpp
+  host/svgshapes.cpp
   host/svgobj.cpp
   host/svgpainter.cpp
   host/svgpathdata.cpp

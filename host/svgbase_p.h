@@ -14,3 +14,12 @@ struct CSVGBase::Edit {
     QVector<PlaybackRecord> records;
     bool drag = false;
 };
+
+// Stream pieces the host's persistence files share.
+namespace SvgStream {
+// Reads a count of items of at least `least` bytes each, refusing one that the bytes
+// left cannot hold: a damaged count must never become an allocation.
+bool readCount(QDataStream &in, quint32 &n, int least);
+// The keys a JSON form carries besides the host's, which the drawing patch depends on.
+quint64 jsonContext(const QJsonObject &json);
+} // namespace SvgStream

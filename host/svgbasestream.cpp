@@ -1,6 +1,6 @@
-// The host's part of a saved object: reading and writing it, the drawing patch, JSON
-// forms, records and the states undo puts back.
+// The host's part of a saved object: reading and writing it, its JSON form and playback.
 #include "framework.h"
+#include "svgbase_p.h"
 #include "svgbase.h"
 #include "svgobj.h"
 #include <QBuffer>
@@ -37,21 +37,6 @@ QDataStream &readColor(QDataStream &in, QColor &color)
 
 namespace {
 
-// Reads a count of items of at least `least` bytes each, refusing one that the bytes
-// left cannot hold: a damaged count must never become an allocation.
-bool readCount(QDataStream &in, quint32 &n, int least)
-{
-    in >> n;
-    if (in.status() != QDataStream::Ok)
-        return false;
-    const QIODevice *d = in.device();
-    if (d && !d->isSequential() && qint64(n) * least > d->bytesAvailable()) {
-        in.setStatus(QDataStream::ReadCorruptData);
-        return false;
-    }
-    return true;
-}
-
 bool finite(const QRectF &r)
 {
     return std::isfinite(r.x()) && std::isfinite(r.y()) && std::isfinite(r.width()) && std::isfinite(r.height());
@@ -77,64 +62,9 @@ quint64 fnv(const QByteArray &bytes, quint64 h = 14695981039346656037ull)
     return h;
 }
 
-void writeNodeState(QDataStream &out, const QSvgNodeState &n)
-{
-    const QVector<QSvgNode::Attr> attrs = n.merged();
-    out << n.flags << n.text << n.savedFill << n.savedStroke << quint32(attrs.size());
-    for (const QSvgNode::Attr &a : attrs) {
-        const bool number = a.value.isNull() && a.numberState == 1;
-        out << a.name << quint8(number);
-        if (number)
-            out << a.number;
-        else
-            out << a.value;
-    }
-}
-
-bool readNodeState(QDataStream &in, QSvgNodeState &n)
-{
-    quint32 count = 0;
-    in >> n.flags >> n.text >> n.savedFill >> n.savedStroke;
-    if (!readCount(in, count, 5))
-        return false;
-    n.attrs.clear();
-    n.attrs.reserve(int(count));
-    for (quint32 i = 0; i < count; ++i) {
-        QString name;
-        quint8 number = 0;
-        in >> name >> number;
-        QSvgNode::Attr a{QSvgNode::internName(name), QString()};
-        if (number == 1) {
-            in >> a.number;
-            a.numberState = 1;
-        } else if (number == 0) {
-            in >> a.value;
-            if (a.value.isNull())
-                a.value = QStringLiteral("");
-        } else {
-            in.setStatus(QDataStream::ReadCorruptData);
-        }
-        if (in.status() != QDataStream::Ok || !SvgXml::isName(name))
-            return false;
-        n.attrs.append(a);
-    }
-    return in.status() == QDataStream::Ok && n.flags < 16;
-}
-
 constexpr quint32 kStreamMagic = 0x50485953; // the host part of an object's stream
 constexpr quint16 kStreamVersion = 2;
-constexpr quint32 kRecordMagic = 0x50485243; // a record: stream and kept values
 constexpr double kMaxSize = 1e7;             // item and document sizes
-
-// The keys a JSON form carries besides the host's, which the drawing patch depends on.
-quint64 jsonContext(const QJsonObject &json)
-{
-    QJsonObject own;
-    for (auto it = json.begin(); it != json.end(); ++it)
-        if (!it.key().startsWith(QLatin1String("svgbase_")))
-            own.insert(it.key(), it.value());
-    return own.isEmpty() ? 0 : fnv(QJsonDocument(own).toJson(QJsonDocument::Compact));
-}
 
 int gLegacyStreams = 0;
 
@@ -149,6 +79,37 @@ QByteArray emptyPatchBytes(const QDataStream &like)
 }
 
 } // namespace
+
+namespace SvgStream {
+
+// Reads a count of items of at least `least` bytes each, refusing one that the bytes
+// left cannot hold: a damaged count must never become an allocation.
+bool readCount(QDataStream &in, quint32 &n, int least)
+{
+    in >> n;
+    if (in.status() != QDataStream::Ok)
+        return false;
+    const QIODevice *d = in.device();
+    if (d && !d->isSequential() && qint64(n) * least > d->bytesAvailable()) {
+        in.setStatus(QDataStream::ReadCorruptData);
+        return false;
+    }
+    return true;
+}
+
+// The keys a JSON form carries besides the host's, which the drawing patch depends on.
+quint64 jsonContext(const QJsonObject &json)
+{
+    QJsonObject own;
+    for (auto it = json.begin(); it != json.end(); ++it)
+        if (!it.key().startsWith(QLatin1String("svgbase_")))
+            own.insert(it.key(), it.value());
+    return own.isEmpty() ? 0 : fnv(QJsonDocument(own).toJson(QJsonDocument::Compact));
+}
+
+} // namespace SvgStream
+
+using namespace SvgStream;
 
 quint64 CSVGBase::streamChecksum(const QByteArray &bytesBefore) { return fnv(bytesBefore); }
 
@@ -336,140 +297,6 @@ bool CSVGBase::readLegacyHostPart(QDataStream &in, HostPart &part)
     return true;
 }
 
-bool CSVGBase::readPatch(const QByteArray &bytes, DrawingPatch &patch)
-{
-    patch = DrawingPatch();
-    if (bytes.isEmpty())
-        return true;
-    QDataStream in(bytes);
-    in >> patch.kind >> patch.context;
-    quint32 count = 0;
-    if (patch.kind == 1) {
-        in >> patch.nodeCount;
-        if (!readCount(in, count, 16))
-            return false;
-        for (quint32 i = 0; i < count; ++i) {
-            quint32 index = 0;
-            QString tag;
-            QSvgNodeState state;
-            in >> index >> tag;
-            if (in.status() != QDataStream::Ok || index >= patch.nodeCount || !SvgXml::isName(tag) ||
-                !readNodeState(in, state))
-                return false;
-            patch.index.append(index);
-            patch.tags.append(tag);
-            patch.states.append(state);
-        }
-    } else if (patch.kind == 2) {
-        if (!readCount(in, count, 20) || count == 0)
-            return false;
-        int previous = -1;
-        for (quint32 i = 0; i < count; ++i) {
-            QString tag;
-            qint32 depth = 0;
-            QSvgNodeState state;
-            in >> tag >> depth;
-            // A tree in document order: the root alone at 0, each node at most one deeper.
-            if (in.status() != QDataStream::Ok || !SvgXml::isName(tag) || depth > previous + 1 ||
-                (i == 0) != (depth == 0) || depth < 0 || depth > 256 || !readNodeState(in, state))
-                return false;
-            previous = depth;
-            patch.tags.append(tag);
-            patch.depths.append(depth);
-            patch.states.append(state);
-        }
-    } else {
-        return false;
-    }
-    return in.status() == QDataStream::Ok && in.atEnd();
-}
-
-// What a load of the bare stream gives, against what the drawing is: the drawing
-// patch. Empty for apparatus whose drawing follows from what the stream holds.
-QByteArray CSVGBase::drawingPatch(const QByteArray &bare)
-{
-    if (!m_pDocument)
-        return QByteArray();
-    if (bare == m_patchBare && m_pDocument->revision() == m_patchRevision)
-        return m_patch;
-    const SvgDocumentState now = m_pDocument->capture();
-    SvgDocumentState loaded;
-    bool probed = false;
-    GetFramework()->mute(true);
-    if (CSVGObj *probe = GetFramework()->createObject(getSVGType())) {
-        if (CSVGBase *c = probe->content()) {
-            if (m_pJsonSave) {
-                QJsonObject json = *m_pJsonSave;
-                json.insert(QStringLiteral("svgbase_stream"), QString::fromLatin1(bare.toBase64()));
-                c->loadJson(json);
-            } else {
-                QDataStream in(bare);
-                in.setVersion(QDataStream::Qt_5_15);
-                c->load(in);
-            }
-            if (c->lastLoadOk() && c->m_pDocument) {
-                loaded = c->m_pDocument->capture();
-                probed = true;
-            }
-        }
-        probe->Release();
-    }
-    GetFramework()->mute(false);
-    QByteArray patch;
-    QDataStream out(&patch, QIODevice::WriteOnly);
-    const quint64 context = m_pJsonSave ? jsonContext(*m_pJsonSave) : 0;
-    if (probed && now.sameShape(loaded)) {
-        QVector<int> differ;
-        for (int i = 0; i < now.nodes.size(); ++i)
-            if (now.nodes[i] != loaded.nodes[i])
-                differ.append(i);
-        if (!differ.isEmpty()) {
-            out << quint8(1) << context << quint32(now.nodes.size()) << quint32(differ.size());
-            for (int i : differ) {
-                out << quint32(i) << now.tags[i];
-                writeNodeState(out, now.nodes[i]);
-            }
-        }
-    } else {
-        // A load would build another tree: the whole drawing goes with the stream.
-        out << quint8(2) << context << quint32(now.nodes.size());
-        for (int i = 0; i < now.nodes.size(); ++i) {
-            out << now.tags[i] << qint32(now.depths[i]);
-            writeNodeState(out, now.nodes[i]);
-        }
-    }
-    m_patchBare = bare;
-    m_patchRevision = m_pDocument->revision();
-    m_patch = patch;
-    return patch;
-}
-
-void CSVGBase::applyPatch(const DrawingPatch &patch)
-{
-    if (!m_pDocument || patch.kind == 0)
-        return;
-    if (patch.kind == 2) {
-        SvgDocumentState state = m_pDocument->capture();
-        state.tags = patch.tags;
-        state.depths = patch.depths;
-        state.nodes = patch.states;
-        m_pDocument->restore(state);
-        findControlNodes();
-        return;
-    }
-    QVector<QSvgNode *> nodes;
-    SvgTree::forEach(m_pDocument, [&](QSvgNode *n) { nodes.append(n); });
-    // Only a stream made by another build could miss; its drawing then stays as loaded.
-    if (quint32(nodes.size()) != patch.nodeCount)
-        return;
-    for (int i = 0; i < patch.index.size(); ++i) {
-        QSvgNode *n = nodes[int(patch.index[i])];
-        if (n->tagName() == patch.tags[i])
-            n->setState(patch.states[i]);
-    }
-    findControlNodes();
-}
-
 void CSVGBase::applyLoaded(const HostPart &part, const std::function<void()> &own, const std::function<void()> &after)
 {
     m_loadError.clear();
@@ -620,161 +447,4 @@ bool CSVGBase::DoPlaybackActionEx(int actionId, QDataStream &in)
     const int propId = actionIdToPropId(actionId);
     const CSVGPropItem *item = propItemByPropId(propId);
     return setInnerProperty(item ? item->attributeId() : propId, in, false, false);
-}
-
-// ------------------------------------------------------------- records
-
-void CSVGBase::keepValue(const QString &key, int *value, int lo, int hi)
-{
-    Kept k;
-    k.key = key;
-    k.i = value;
-    k.lo = lo;
-    k.hi = hi;
-    m_kept.push_back(k);
-}
-
-void CSVGBase::keepValue(const QString &key, double *value)
-{
-    Kept k;
-    k.key = key;
-    k.d = value;
-    m_kept.push_back(k);
-}
-
-QByteArray CSVGBase::keptBytes() const
-{
-    QByteArray b;
-    QDataStream out(&b, QIODevice::WriteOnly);
-    out << quint32(m_kept.size());
-    for (const Kept &k : m_kept) {
-        out << k.key;
-        if (k.i)
-            out << quint8(0) << qint32(*k.i);
-        else
-            out << quint8(1) << *k.d;
-    }
-    return b;
-}
-
-bool CSVGBase::readKept(const QByteArray &bytes, QVector<QVariant> &values)
-{
-    values.clear();
-    if (bytes.isEmpty())
-        return true;
-    QDataStream in(bytes);
-    quint32 n = 0;
-    in >> n;
-    if (in.status() != QDataStream::Ok || n != m_kept.size())
-        return false;
-    for (const Kept &k : m_kept) {
-        QString key;
-        quint8 kind = 0;
-        in >> key >> kind;
-        if (key != k.key || kind != (k.i ? 0 : 1))
-            return false;
-        if (k.i) {
-            qint32 v = 0;
-            in >> v;
-            if (v < k.lo || v > k.hi)
-                return false;
-            values.append(int(v));
-        } else {
-            double v = 0;
-            in >> v;
-            if (!std::isfinite(v))
-                return false;
-            values.append(v);
-        }
-    }
-    return in.status() == QDataStream::Ok && in.atEnd();
-}
-
-void CSVGBase::applyKept(const QVector<QVariant> &values)
-{
-    for (int i = 0; i < values.size() && i < int(m_kept.size()); ++i) {
-        if (m_kept[size_t(i)].i)
-            *m_kept[size_t(i)].i = values[i].toInt();
-        else
-            *m_kept[size_t(i)].d = values[i].toDouble();
-    }
-}
-
-QByteArray CSVGBase::record()
-{
-    QByteArray stream;
-    {
-        QDataStream out(&stream, QIODevice::WriteOnly);
-        out.setVersion(QDataStream::Qt_5_15);
-        save(out);
-    }
-    QByteArray r;
-    QDataStream out(&r, QIODevice::WriteOnly);
-    out.setVersion(QDataStream::Qt_5_15);
-    out << kRecordMagic << stream << keptBytes();
-    return r;
-}
-
-bool CSVGBase::restoreRecord(const QByteArray &r)
-{
-    QDataStream in(r);
-    in.setVersion(QDataStream::Qt_5_15);
-    quint32 magic = 0;
-    QByteArray stream, kept;
-    in >> magic >> stream >> kept;
-    if (in.status() != QDataStream::Ok || magic != kRecordMagic || !in.atEnd())
-        return refuseLoad(nullptr, QStringLiteral("not a record of an apparatus"));
-    QVector<QVariant> values;
-    if (!readKept(kept, values))
-        return refuseLoad(nullptr, QStringLiteral("damaged kept values"));
-    QDataStream s(stream);
-    s.setVersion(QDataStream::Qt_5_15);
-    if (!load(s) || !s.atEnd() || !lastLoadOk()) {
-        if (lastLoadOk())
-            m_loadError = QStringLiteral("damaged");
-        return false;
-    }
-    applyKept(values);
-    return true;
-}
-
-qint64 SvgUndoState::cost() const
-{
-    return qint64(sizeof(*this)) + record.size() + (drawing ? drawing->cost() : 0);
-}
-
-std::shared_ptr<const SvgUndoState> CSVGBase::undoState()
-{
-    const QByteArray r = record();
-    const quint64 revision = m_pDocument ? m_pDocument->revision() : 0;
-    const QPointF pos = m_pOwner ? m_pOwner->pos() : QPointF();
-    if (std::shared_ptr<const SvgUndoState> last = m_lastUndo.lock())
-        if (last->record == r && m_lastUndoRevision == revision && last->itemPos.x() == pos.x() && last->itemPos.y() == pos.y())
-            return last;
-    auto s = std::make_shared<SvgUndoState>();
-    s->record = r;
-    if (m_pDocument)
-        s->drawing = std::make_shared<const SvgDocumentState>(m_pDocument->capture());
-    s->itemPos = pos;
-    m_lastUndo = s;
-    m_lastUndoRevision = revision;
-    return s;
-}
-
-void CSVGBase::restoreUndoState(const std::shared_ptr<const SvgUndoState> &state)
-{
-    if (!state)
-        return;
-    restoreRecord(state->record);
-    if (m_pDocument && state->drawing) {
-        m_pDocument->restore(*state->drawing);
-        findControlNodes();
-    }
-    if (m_pOwner) {
-        m_pOwner->setPos(state->itemPos);
-        m_pOwner->update();
-    }
-    // The state as restored is the state now: the next step can share it.
-    m_lastUndo = state;
-    m_lastUndoRevision = m_pDocument ? m_pDocument->revision() : 0;
 }
