@@ -259,7 +259,7 @@ QJsonObject CAttribute::attributeItem(int attr, const QString &key, const QStrin
     case 1: {
         QStringList shown = options;
         if (shown.isEmpty()) {
-            QByteArray data = GetComboboxData();
+            QByteArray data = comboData(attr);
             QDataStream in(data);
             int count = 0, zero = 0;
             in >> count >> zero;

@@ -54,15 +54,8 @@ public:
     bool comboIndexValid(int attr, int index);
     // The combo data of attribute attr: its own options (addCombo), else GetComboboxData().
     QByteArray comboData(int attr);
-
-protected:
-    // Adds one entry to the table with its default (an index for a combo box, a bool for a switch).
-    void addAttribute(int attr, int propId, int dataType, const QString &name, int intValue = 0, bool boolValue = false);
-    // A combo box with options of its own, for an apparatus with more than one: its
-    // data and the choices it accepts come from these keys (or numbers shown as written).
-    void addCombo(int attr, int propId, const QString &name, int intValue, const QStringList &options);
     // The panel item of one attribute: a colour picker, a switch or a combo box, keyed
-    // `key`. Its label and a combo's options are the attribute's own keys as the panel
+    // `key`. Its label and a combo's options are the attribute's own keys (comboData) as the panel
     // names them, unless given.
     QJsonObject attributeItem(int attr, const QString &key, const QString &label = QString(),
                               const QStringList &options = QStringList());
@@ -71,6 +64,13 @@ protected:
     // SetAttribute. A colour that is none, or a choice that is no number, changes nothing.
     void applyAttributeItems(const QMap<QString, QString> &values, const QVector<QPair<QString, int>> &items,
                              bool bRecord, bool bUndo);
+
+protected:
+    // Adds one entry to the table with its default (an index for a combo box, a bool for a switch).
+    void addAttribute(int attr, int propId, int dataType, const QString &name, int intValue = 0, bool boolValue = false);
+    // A combo box with options of its own, for an apparatus with more than one: its
+    // data and the choices it accepts come from these keys (or numbers shown as written).
+    void addCombo(int attr, int propId, const QString &name, int intValue, const QStringList &options);
     // Adds a colour entry (data type 3) with its default.
     void addColour(int attr, int propId, const QString &name, const QColor &colour);
     // The combo data of GetComboboxData: the count, 0, then each option's label key.

@@ -30,13 +30,8 @@ struct Travel {
     HandlePos::Axis axis;
 };
 
-// "IDS_SVG_PHYSICAL_X" -> "IDS_PHYSICSOBJ_X"; other text as it is.
-QString panelKey(const QString &attributeKey);
-
 void append(CAttribute &obj, QJsonArray &array, std::initializer_list<Item> items);
-// Each present key through SetAttribute: a combo's index (an integer), a switch
-// ("true" is on), a colour (a name that is no colour is refused). Other text changes
-// nothing.
+// Each present key through SetAttribute (CAttribute::applyAttributeItems).
 void apply(CAttribute &obj, const QMap<QString, QString> &values, std::initializer_list<Item> items, bool bRecord,
            bool bUndo);
 
