@@ -1,4 +1,5 @@
 #include "PanelCache.h"
+#include "Attribute.h"
 
 void PanelCache::append(QJsonArray &array, int i, const QJsonValue &value, const std::function<QJsonObject()> &build,
                         const QString &shape)
@@ -32,5 +33,19 @@ void PanelCache::append(CSVGBase &obj, QJsonArray &array, int first, HandlePos::
             HandlePos::appendInput(obj, item, s);
             return item.first().toObject();
         });
+    }
+}
+
+void PanelCache::append(CAttribute &obj, QJsonArray &array, int first, std::initializer_list<PanelItems::Item> items)
+{
+    int i = first;
+    for (const PanelItems::Item &item : items) {
+        const auto it = obj.attributes().constFind(item.attribute);
+        if (it == obj.attributes().cend())
+            continue;
+        const QJsonValue value = it->dataType == 3 ? QJsonValue(it->color.name())
+                                 : it->dataType == 0 ? QJsonValue(it->boolValue)
+                                                     : QJsonValue(it->intValue);
+        append(array, i++, value, [&obj, &item] { return obj.attributeItem(item.attribute, QLatin1String(item.key)); });
     }
 }

@@ -8,7 +8,10 @@
 #include <QVector>
 #include <functional>
 #include "HandlePos.h"
+#include "PanelItems.h"
+#include <initializer_list>
 
+class CAttribute;
 class CSVGBase;
 
 class PanelCache
@@ -18,6 +21,9 @@ public:
     // `shape` (whatever else the item shows: its options, its range) differs from last time.
     void append(QJsonArray &array, int i, const QJsonValue &value, const std::function<QJsonObject()> &build,
                 const QString &shape = QString());
+    // Appends the attribute items (a colour, a switch, a combo box) as items first,
+    // first + 1, ..., each showing its attribute's value.
+    void append(CAttribute &obj, QJsonArray &array, int first, std::initializer_list<PanelItems::Item> items);
     // Appends the slots' percentage inputs as items first, first + 1, ...
     void append(CSVGBase &obj, QJsonArray &array, int first, HandlePos::Slots all);
 

@@ -147,14 +147,13 @@ void Calibration::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    m_panel.append(array, 0, m_attributes.value(kUnitAttr).intValue,
-                   [this] { return attributeItem(kUnitAttr, QStringLiteral("idUnit")); });
+    m_panel.append(*this, array, 0, {{"idUnit", kUnitAttr}});
     m_panel.append(*this, array, 1, kSlots);
 }
 
 bool Calibration::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    applyAttributeItems(values, {{QStringLiteral("idUnit"), kUnitAttr}}, bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idUnit", kUnitAttr}}, bRecord, bUndo);
     HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
     return true;
 }

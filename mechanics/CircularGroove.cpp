@@ -184,10 +184,7 @@ void CircularGroove::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    m_panel.append(array, 0, m_attributes.value(kShapeAttr).intValue,
-                   [this] { return attributeItem(kShapeAttr, QStringLiteral("idGrooveShape")); });
-    m_panel.append(array, 1, m_attributes.value(kColourAttr).color.name(),
-                   [this] { return attributeItem(kColourAttr, QStringLiteral("idBlockColor")); });
+    m_panel.append(*this, array, 0, {{"idGrooveShape", kShapeAttr}, {"idBlockColor", kColourAttr}});
     const QString p = QString::number(HandlePos::percentOf(m_dRadius, kMinR, kMaxR));
     m_panel.append(array, 2, p, [this, p] {
         return m_pOwner->GetSettingJsonInput(QStringLiteral("idRadius"), QStringLiteral("IDS_PHYSICSOBJ_RADIUS"), p,
@@ -197,8 +194,7 @@ void CircularGroove::GetSettingArray(QJsonArray &array)
 
 bool CircularGroove::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    applyAttributeItems(values, {{QStringLiteral("idGrooveShape"), kShapeAttr}, {QStringLiteral("idBlockColor"), kColourAttr}},
-                        bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idGrooveShape", kShapeAttr}, {"idBlockColor", kColourAttr}}, bRecord, bUndo);
     double p = 0;
     if (HandlePos::typedNumber(values, QStringLiteral("idRadius"), 0, 100, true, p) && !m_controlNodes.isEmpty()) {
         const double r = kMinR + (kMaxR - kMinR) * p / 100, side = shape() == QuarterLeft ? -1 : 1;

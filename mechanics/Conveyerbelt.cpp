@@ -169,17 +169,13 @@ void Conveyerbelt::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    m_panel.append(array, 0, direction(),
-                   [this] { return attributeItem(kDirectionAttr, QStringLiteral("idBeltDirection")); });
-    m_panel.append(array, 1, m_attributes.value(kColourAttr).color.name(),
-                   [this] { return attributeItem(kColourAttr, QStringLiteral("idBeltColor")); });
+    m_panel.append(*this, array, 0, {{"idBeltDirection", kDirectionAttr}, {"idBeltColor", kColourAttr}});
     m_panel.append(*this, array, 2, kSlots);
 }
 
 bool Conveyerbelt::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    applyAttributeItems(values, {{QStringLiteral("idBeltDirection"), kDirectionAttr}, {QStringLiteral("idBeltColor"), kColourAttr}},
-                        bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idBeltDirection", kDirectionAttr}, {"idBeltColor", kColourAttr}}, bRecord, bUndo);
     HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
     return true;
 }

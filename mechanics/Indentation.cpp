@@ -218,14 +218,13 @@ void CIndentation::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    m_panel.append(array, 0, m_attributes.value(kMaterialAttr).intValue,
-                   [this] { return attributeItem(kMaterialAttr, QStringLiteral("idMaterial")); });
+    m_panel.append(*this, array, 0, {{"idMaterial", kMaterialAttr}});
     m_panel.append(*this, array, 1, kSlots);
 }
 
 bool CIndentation::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    applyAttributeItems(values, {{QStringLiteral("idMaterial"), kMaterialAttr}}, bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idMaterial", kMaterialAttr}}, bRecord, bUndo);
     HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
     return true;
 }

@@ -154,8 +154,7 @@ void CLever::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    m_panel.append(array, 0, m_attributes.value(kColourAttr).color.name(),
-                   [this] { return attributeItem(kColourAttr, QStringLiteral("idBarColor")); });
+    m_panel.append(*this, array, 0, {{"idBarColor", kColourAttr}});
     m_panel.append(array, 1, QString::number(shownTilt()), [this] {
         return m_pOwner->GetSettingJsonInput(QStringLiteral("idAngle"), QStringLiteral("IDS_PHYSICSOBJ_ANGLE"),
                                              QString::number(shownTilt()), QStringLiteral("int"), QStringLiteral("-45"),
@@ -170,7 +169,7 @@ void CLever::GetSettingArray(QJsonArray &array)
 
 bool CLever::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    applyAttributeItems(values, {{QStringLiteral("idBarColor"), kColourAttr}}, bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idBarColor", kColourAttr}}, bRecord, bUndo);
     double tilt = m_dTilt, v = 0;
     int marks = m_nMarks;
     if (HandlePos::typedNumber(values, QStringLiteral("idAngle"), kMinTilt, kMaxTilt, true, v))

@@ -151,14 +151,13 @@ void CSkateboard::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    m_panel.append(array, 0, m_attributes.value(kColourAttr).color.name(),
-                   [this] { return attributeItem(kColourAttr, QStringLiteral("idDeckColor")); });
+    m_panel.append(*this, array, 0, {{"idDeckColor", kColourAttr}});
     m_panel.append(*this, array, 1, kSlots);
 }
 
 bool CSkateboard::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    applyAttributeItems(values, {{QStringLiteral("idDeckColor"), kColourAttr}}, bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idDeckColor", kColourAttr}}, bRecord, bUndo);
     HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
     return true;
 }

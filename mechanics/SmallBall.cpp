@@ -131,17 +131,13 @@ void CSmallBall::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    m_panel.append(array, 0, m_attributes.value(kColourAttr).color.name(),
-                   [this] { return attributeItem(kColourAttr, QStringLiteral("idBallColor")); });
-    m_panel.append(array, 1, m_attributes.value(kCentreAttr).boolValue,
-                   [this] { return attributeItem(kCentreAttr, QStringLiteral("idShowCenter")); });
+    m_panel.append(*this, array, 0, {{"idBallColor", kColourAttr}, {"idShowCenter", kCentreAttr}});
     m_panel.append(*this, array, 2, kSlots);
 }
 
 bool CSmallBall::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    applyAttributeItems(values, {{QStringLiteral("idBallColor"), kColourAttr}, {QStringLiteral("idShowCenter"), kCentreAttr}},
-                        bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idBallColor", kColourAttr}, {"idShowCenter", kCentreAttr}}, bRecord, bUndo);
     HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
     return true;
 }

@@ -153,16 +153,13 @@ void CSmallCar::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    m_panel.append(array, 0, m_attributes.value(kColourAttr).color.name(),
-                   [this] { return attributeItem(kColourAttr, QStringLiteral("idBodyColor")); });
-    m_panel.append(array, 1, showsHook(), [this] { return attributeItem(kHookAttr, QStringLiteral("idShowHook")); });
+    m_panel.append(*this, array, 0, {{"idBodyColor", kColourAttr}, {"idShowHook", kHookAttr}});
     m_panel.append(*this, array, 2, kSlots);
 }
 
 bool CSmallCar::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    applyAttributeItems(values, {{QStringLiteral("idBodyColor"), kColourAttr}, {QStringLiteral("idShowHook"), kHookAttr}},
-                        bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idBodyColor", kColourAttr}, {"idShowHook", kHookAttr}}, bRecord, bUndo);
     HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
     return true;
 }
