@@ -3,7 +3,12 @@
 # (no argument) or open the board (./run.sh board [page file]).
 set -euo pipefail
 cd "$(dirname "$0")"
-BUILD_TARGETS="physlab physboard" ./scripts/setup.sh
+# Only what the job at hand runs: physlab (and the library it loads) for the gallery,
+# physboard for the board.
+case "${1:-}" in
+  board) BUILD_TARGETS=physboard ./scripts/setup.sh ;;
+  "") BUILD_TARGETS=physlab ./scripts/setup.sh ;;
+esac
 case "${1:-}" in
   board)
     shift
