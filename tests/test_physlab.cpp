@@ -28,6 +28,24 @@ PhyslabRun physlab(const QStringList &args, const QByteArray &input = QByteArray
     return r;
 }
 
+// What physlab says on its error output for a run that must fail (exit code 2, nothing
+// on its standard output); `variable` sets PHYSICALOBJECT_PLUGIN.
+QString refusal(const QStringList &args, const QByteArray &variable = QByteArray())
+{
+    QProcess p;
+    if (!variable.isEmpty()) {
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert(QStringLiteral("PHYSICALOBJECT_PLUGIN"), QString::fromUtf8(variable));
+        p.setProcessEnvironment(env);
+    }
+    p.start(QStringLiteral(PHYSLAB_PATH), args);
+    p.waitForFinished(60000);
+    EXPECT_EQ(p.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(p.exitCode(), 2) << args.join(' ').toStdString();
+    EXPECT_TRUE(p.readAllStandardOutput().isEmpty());
+    return QString::fromUtf8(p.readAllStandardError());
+}
+
 } // namespace
 
 TEST(Physlab, ScriptEndToEnd)
@@ -76,6 +94,8 @@ TEST(Physlab, ScriptEndToEnd)
     EXPECT_TRUE(back.lines[3].contains("error"));
     // A script without a failing command says so by its status.
     EXPECT_EQ(physlab({"run"}, "new 107\ndrag control_1 5 5 --final\nsave\n").exitCode, 0);
+    // A script that cannot be read is named.
+    EXPECT_TRUE(refusal({"run", "/no/such/script.txt"}).contains("/no/such/script.txt"));
 }
 
 TEST(Physlab, ListRenderAndGallery)
@@ -107,28 +127,14 @@ TEST(Physlab, ListRenderAndGallery)
 // physlab loads the library as a host does; a wrong one must say what is wrong, not crash.
 TEST(Physlab, AMissingLibraryOrEntryPointIsReportedAndRefused)
 {
-    const auto stderrOf = [](const QStringList &args, const QByteArray &variable = QByteArray()) {
-        QProcess p;
-        if (!variable.isEmpty()) {
-            QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-            env.insert(QStringLiteral("PHYSICALOBJECT_PLUGIN"), QString::fromUtf8(variable));
-            p.setProcessEnvironment(env);
-        }
-        p.start(QStringLiteral(PHYSLAB_PATH), args);
-        p.waitForFinished(60000);
-        EXPECT_EQ(p.exitStatus(), QProcess::NormalExit);
-        EXPECT_EQ(p.exitCode(), 2) << args.join(' ').toStdString();
-        EXPECT_TRUE(p.readAllStandardOutput().isEmpty());
-        return QString::fromUtf8(p.readAllStandardError());
-    };
-    EXPECT_TRUE(stderrOf({"--library", "/no/such/libphysicalobject.so.1", "list"}).contains("does not exist"));
-    EXPECT_TRUE(stderrOf({"list"}, "/no/such/folder").contains("does not exist"));
-    const QString noEntries = stderrOf({"--library=" HOSTLIB_PATH, "list"});
+    EXPECT_TRUE(refusal({"--library", "/no/such/libphysicalobject.so.1", "list"}).contains("does not exist"));
+    EXPECT_TRUE(refusal({"list"}, "/no/such/folder").contains("does not exist"));
+    const QString noEntries = refusal({"--library=" HOSTLIB_PATH, "list"});
     EXPECT_TRUE(noEntries.contains("lacks the entry points createObject_physical")) << noEntries.toStdString();
     QTemporaryDir dir;
     QFile junk(dir.filePath("libphysicalobject.so.1"));
     ASSERT_TRUE(junk.open(QIODevice::WriteOnly));
     junk.write("not a library");
     junk.close();
-    EXPECT_TRUE(stderrOf({"list"}, dir.path().toUtf8()).contains("cannot load the apparatus library"));
+    EXPECT_TRUE(refusal({"list"}, dir.path().toUtf8()).contains("cannot load the apparatus library"));
 }
