@@ -148,24 +148,35 @@ QSizeF CSVGBase::getMinimizeSize() { return QSizeF(8, 8); }
 int CSVGBase::getMaxPenWidth() { return 20; }
 void CSVGBase::notifyObjectCreated() {}
 
+namespace {
+
+// The view box and the item size it is stretched over; false without either, when item
+// and document units are the same.
+bool itemFrame(const QSvgTinyDocument *doc, const CSVGObj *owner, QRectF &vb, QSizeF &size)
+{
+    if (!doc || !owner)
+        return false;
+    vb = doc->viewBox();
+    size = owner->itemSize();
+    return !vb.isEmpty() && !size.isEmpty();
+}
+
+} // namespace
+
 QPointF CSVGBase::itemToDocument(const QPointF &p) const
 {
-    if (!m_pDocument || !m_pOwner)
-        return p;
-    const QRectF vb = m_pDocument->viewBox();
-    const QSizeF s = m_pOwner->itemSize();
-    if (vb.isEmpty() || s.isEmpty())
+    QRectF vb;
+    QSizeF s;
+    if (!itemFrame(m_pDocument, m_pOwner, vb, s))
         return p;
     return QPointF(vb.x() + p.x() * vb.width() / s.width(), vb.y() + p.y() * vb.height() / s.height());
 }
 
 QPointF CSVGBase::documentToItem(const QPointF &p) const
 {
-    if (!m_pDocument || !m_pOwner)
-        return p;
-    const QRectF vb = m_pDocument->viewBox();
-    const QSizeF s = m_pOwner->itemSize();
-    if (vb.isEmpty() || s.isEmpty())
+    QRectF vb;
+    QSizeF s;
+    if (!itemFrame(m_pDocument, m_pOwner, vb, s))
         return p;
     return QPointF((p.x() - vb.x()) * s.width() / vb.width(), (p.y() - vb.y()) * s.height() / vb.height());
 }
