@@ -520,10 +520,6 @@
         <translation>Text</translation>
     </message>
     <message>
-        <source>IDS_PHYSICSOBJ_ANGLE</source>
-        <translation>Angle</translation>
-    </message>
-    <message>
         <source>IDS_PHYSICSOBJ_ARROW_COLOR</source>
         <translation>Arrow colour</translation>
     </message>
@@ -622,10 +618,6 @@
     <message>
         <source>IDS_PHYSICSOBJ_RANGE_2</source>
         <translation>Large range</translation>
-    </message>
-    <message>
-        <source>IDS_PHYSICSOBJ_READING</source>
-        <translation>Reading</translation>
     </message>
     <message>
         <source>IDS_PHYSICSOBJ_ROPE_END</source>
@@ -760,10 +752,6 @@
         <translation>Brightness</translation>
     </message>
     <message>
-        <source>IDS_PHYSICSOBJ_WIDTH</source>
-        <translation>Width</translation>
-    </message>
-    <message>
         <source>IDS_PHYSICSOBJ_SHOW_TERMINAL_NAMES</source>
         <translation>Show terminal names</translation>
     </message>
@@ -866,10 +854,6 @@
     <message>
         <source>IDS_PHYSICSOBJ_SHOW_BORDER</source>
         <translation>Show border</translation>
-    </message>
-    <message>
-        <source>IDS_PHYSICSOBJ_THICKNESS</source>
-        <translation>Thickness</translation>
     </message>
     <message>
         <source>IDS_PHYSICSOBJ_GAP</source>
@@ -1016,14 +1000,6 @@
         <translation>Show plates</translation>
     </message>
     <message>
-        <source>IDS_SVG_PHYSICAL_LINE_COLOR</source>
-        <translation>Line colour</translation>
-    </message>
-    <message>
-        <source>IDS_PHYSICSOBJ_LINE_COLOR</source>
-        <translation>Line colour</translation>
-    </message>
-    <message>
         <source>IDS_SVG_PHYSICAL_CHARGE_SIGN</source>
         <translation>Charge</translation>
     </message>
@@ -1070,10 +1046,6 @@
     <message>
         <source>IDS_PHYSICSOBJ_SHOW_VELOCITY</source>
         <translation>Show velocity</translation>
-    </message>
-    <message>
-        <source>IDS_PHYSICSOBJ_ANGLE</source>
-        <translation>Angle</translation>
     </message>
     <message>
         <source>BOARD_TITLE</source>

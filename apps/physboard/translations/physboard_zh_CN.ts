@@ -520,10 +520,6 @@
         <translation>文字</translation>
     </message>
     <message>
-        <source>IDS_PHYSICSOBJ_ANGLE</source>
-        <translation>角度</translation>
-    </message>
-    <message>
         <source>IDS_PHYSICSOBJ_ARROW_COLOR</source>
         <translation>箭头颜色</translation>
     </message>
@@ -622,10 +618,6 @@
     <message>
         <source>IDS_PHYSICSOBJ_RANGE_2</source>
         <translation>大量程</translation>
-    </message>
-    <message>
-        <source>IDS_PHYSICSOBJ_READING</source>
-        <translation>读数</translation>
     </message>
     <message>
         <source>IDS_PHYSICSOBJ_ROPE_END</source>
@@ -760,10 +752,6 @@
         <translation>亮度</translation>
     </message>
     <message>
-        <source>IDS_PHYSICSOBJ_WIDTH</source>
-        <translation>宽度</translation>
-    </message>
-    <message>
         <source>IDS_PHYSICSOBJ_SHOW_TERMINAL_NAMES</source>
         <translation>显示接线柱名称</translation>
     </message>
@@ -866,10 +854,6 @@
     <message>
         <source>IDS_PHYSICSOBJ_SHOW_BORDER</source>
         <translation>显示边框</translation>
-    </message>
-    <message>
-        <source>IDS_PHYSICSOBJ_THICKNESS</source>
-        <translation>厚度</translation>
     </message>
     <message>
         <source>IDS_PHYSICSOBJ_GAP</source>
@@ -1016,14 +1000,6 @@
         <translation>显示极板</translation>
     </message>
     <message>
-        <source>IDS_SVG_PHYSICAL_LINE_COLOR</source>
-        <translation>线条颜色</translation>
-    </message>
-    <message>
-        <source>IDS_PHYSICSOBJ_LINE_COLOR</source>
-        <translation>线条颜色</translation>
-    </message>
-    <message>
         <source>IDS_SVG_PHYSICAL_CHARGE_SIGN</source>
         <translation>电性</translation>
     </message>
@@ -1070,10 +1046,6 @@
     <message>
         <source>IDS_PHYSICSOBJ_SHOW_VELOCITY</source>
         <translation>显示速度</translation>
-    </message>
-    <message>
-        <source>IDS_PHYSICSOBJ_ANGLE</source>
-        <translation>角度</translation>
     </message>
     <message>
         <source>BOARD_TITLE</source>
