@@ -20,7 +20,6 @@ struct Entries {
     CreateFn create = nullptr;
     TypeTableFn typeTable = nullptr;
     TerminalsFn terminals = nullptr;
-    DefaultFn setDefault = nullptr;
 };
 
 const char kSoname[] = "libphysicalobject.so.1";
@@ -108,7 +107,8 @@ bool load(const QString &where, QString *error)
         resolve(*lib, kCreate, e.create, missing);
         resolve(*lib, kTypeTable, e.typeTable, missing);
         resolve(*lib, kTerminals, e.terminals, missing);
-        resolve(*lib, kSetDefault, e.setDefault, missing);
+        DefaultFn setDefault = nullptr;
+        resolve(*lib, kSetDefault, setDefault, missing);
         if (!missing.isEmpty()) {
             if (error)
                 *error = QStringLiteral("the apparatus library %1 lacks the entry point%2 %3")
@@ -128,10 +128,6 @@ bool load(const QString &where, QString *error)
     return false;
 }
 
-bool isLoaded() { return g_library; }
-
-QString fileName() { return g_library ? g_library->fileName() : QString(); }
-
 CWBPhysicalObject *createObject(int typeId, bool defaultSize)
 {
     loadOrDie();
@@ -148,12 +144,6 @@ const QPointF *terminals(int typeId, int *count)
 {
     loadOrDie();
     return g_entries.terminals(typeId, count);
-}
-
-bool setDefaultSpecialProperty(int id, QDataStream &s)
-{
-    loadOrDie();
-    return g_entries.setDefault(id, s);
 }
 
 } // namespace PhysicalPlugin

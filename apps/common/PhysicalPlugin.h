@@ -13,20 +13,17 @@ namespace PhysicalPlugin {
 QString optionName();           // "library" (Qt keeps -plugin for its own)
 const char *environmentName();  // "PHYSICALOBJECT_PLUGIN"
 
-// Loads the library once and resolves every entry point. `where` overrides the search
+// Loads the library once and resolves every entry point (the default-type setter too:
+// the apps never call it, but a library without it is not one a host can use). `where` overrides the search
 // (empty: the variable, then the folders the app was built or installed beside, then
 // the system's library path). False, with a message naming what is missing, when the
 // library cannot be loaded or lacks an entry point; nothing is half loaded then.
 bool load(const QString &where, QString *error);
-bool isLoaded();
-// The file the library was loaded from.
-QString fileName();
 
 // The exported entry points. They load the library on first use when load() was not
 // called, and stop the program with the message when that fails.
 CWBPhysicalObject *createObject(int typeId, bool defaultSize);
 const PhysicalTypeInfo *typeTable(int *count);
 const QPointF *terminals(int typeId, int *count);
-bool setDefaultSpecialProperty(int id, QDataStream &s);
 
 } // namespace PhysicalPlugin
