@@ -9,9 +9,8 @@
 namespace {
 
 constexpr double kHalfPi = 1.5707963267948966;
-constexpr double kPi = 3.141592653589793;
 // Arc pieces of at most 30 degrees keep the cubic approximation within 4e-7 of the radius.
-constexpr double kMaxArcStep = kPi / 6;
+constexpr double kMaxArcStep = M_PI / 6;
 // How far a joint of the flattened outline may lie from where the true shapes cross.
 constexpr double kSnap = 0.5;
 
@@ -61,7 +60,7 @@ void CGenCircle::GetPointSlopeAngleAndCenter(QPointF p1, QPointF p2, double &ang
 
 void CGenCircle::GetVerticalLine(double angle, QPointF mid, double &k, double &b)
 {
-    if (angle == 0 || angle == kPi) {
+    if (angle == 0 || angle == M_PI) {
         k = kVerticalSlope;
         b = mid.x();
     } else if (std::fabs(std::fabs(angle) - kHalfPi) < 0.01) {
@@ -165,7 +164,7 @@ QPainterPath CGenCircle::discPath(const QSvgNode *circle, const QRectF &area)
     }
     if (nearest == 0) {
         path.moveTo(onCircle(c, r, 0));
-        addArc(path, c, r, 0, 2 * kPi);
+        addArc(path, c, r, 0, 2 * M_PI);
         path.closeSubpath();
         return path;
     }
@@ -174,7 +173,7 @@ QPainterPath CGenCircle::discPath(const QSvgNode *circle, const QRectF &area)
     const double towards = std::atan2(area.center().y() - c.y(), area.center().x() - c.x());
     double lo = 0, hi = 0;
     for (const QPointF &p : corners) {
-        const double a = std::remainder(std::atan2(p.y() - c.y(), p.x() - c.x()) - towards, 2 * kPi);
+        const double a = std::remainder(std::atan2(p.y() - c.y(), p.x() - c.x()) - towards, 2 * M_PI);
         lo = std::min(lo, a);
         hi = std::max(hi, a);
     }
@@ -281,7 +280,7 @@ QPainterPath CGenCircle::restoreArcs(const QPainterPath &flat, const QVector<con
     };
     auto turn = [](const Circle &c, QPointF a, QPointF b) {
         return std::remainder(std::atan2(b.y() - c.c.y(), b.x() - c.c.x()) - std::atan2(a.y() - c.c.y(), a.x() - c.c.x()),
-                              2 * kPi);
+                              2 * M_PI);
     };
     // Split each polygon into pieces (an arc of one circle, or one straight segment),
     // put the joints where the true shapes cross, then write arcs as cubics.
@@ -369,7 +368,7 @@ QPainterPath CGenCircle::restoreArcs(const QPainterPath &flat, const QVector<con
             const double a0 = std::atan2(start.y() - c.c.y(), start.x() - c.c.x());
             const double a1 = std::atan2(end.y() - c.c.y(), end.x() - c.c.x());
             // The snapped ends define the arc; the walk only tells its way round.
-            sweep += std::remainder(a1 - (a0 + sweep), 2 * kPi);
+            sweep += std::remainder(a1 - (a0 + sweep), 2 * M_PI);
             const int count = std::max(1, int(std::ceil(std::fabs(sweep) / kMaxArcStep)));
             const double step = sweep / count;
             const double kk = 4.0 / 3.0 * std::tan(step / 4);

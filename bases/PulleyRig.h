@@ -55,6 +55,8 @@ public:
     QPointF freeEnd() const;
 
     static constexpr double kFixedY = 50, kMinDrop = 40, kMaxDrop = 240;
+    // The beam the fixed pulleys hang from, and the free end's length at the lowest drop.
+    static constexpr double kBeamY = 10, kFreeRest = 40;
 
 protected:
     // The movable block, drawn at its lowest, moved up to where the hook is.

@@ -6,7 +6,7 @@ namespace Pulleys {
 
 namespace {
 
-QString num(double v) { return SvgNumbers::format(v); }
+using SvgNumbers::format;
 
 const char *const kRopeStyle = "fill=\"none\" stroke=\"#8A6A3C\" stroke-width=\"2.4\" stroke-linecap=\"round\""
                                " vector-effect=\"none\"";
@@ -34,7 +34,7 @@ QString wheelSvg(const QString &id, double cx, double cy, double r)
     for (int k = 0; k < 4; ++k) {
         const double a = k * 3.141592653589793 / 2 + 0.785398163397448;
         holes += QStringLiteral("<circle cx=\"%1\" cy=\"%2\" r=\"%3\" fill=\"#59636D\" fill-opacity=\"0.55\"/>")
-                     .arg(num(cx + at * std::cos(a)), num(cy + at * std::sin(a)), num(hole));
+                     .arg(format(cx + at * std::cos(a)), format(cy + at * std::sin(a)), format(hole));
     }
     return QStringLiteral("<g id=\"%1\">"
                           "<circle cx=\"%2\" cy=\"%3\" r=\"%4\" fill=\"url(#pl_rim)\" stroke=\"#4A5560\" stroke-width=\"1.2\""
@@ -46,20 +46,20 @@ QString wheelSvg(const QString &id, double cx, double cy, double r)
                           " vector-effect=\"none\"/>"
                           "<circle cx=\"%2\" cy=\"%3\" r=\"2.2\" fill=\"#3A434C\"/>"
                           "</g>\n")
-        .arg(id, num(cx), num(cy), num(r), num(r - 3), holes, num(std::max(3.5, r * 0.25)));
+        .arg(id, format(cx), format(cy), format(r), format(r - 3), holes, format(std::max(3.5, r * 0.25)));
 }
 
 QString ceilingSvg(const QString &id, double x1, double x2)
 {
     QString hatch;
     for (double x = x1 + 4; x < x2; x += 8)
-        hatch += QStringLiteral("M%1,0 L%2,-6 ").arg(num(x), num(x + 6));
+        hatch += QStringLiteral("M%1,0 L%2,-6 ").arg(format(x), format(x + 6));
     return QStringLiteral("<g id=\"%1\">"
                           "<path d=\"%2\" fill=\"none\" stroke=\"#7A5A2E\" stroke-width=\"1\" vector-effect=\"none\"/>"
                           "<rect x=\"%3\" y=\"0\" width=\"%4\" height=\"10\" fill=\"url(#pl_wood)\" stroke=\"#7A5A2E\""
                           " stroke-width=\"1\" vector-effect=\"none\"/>"
                           "</g>\n")
-        .arg(id, hatch.trimmed(), num(x1), num(x2 - x1));
+        .arg(id, hatch.trimmed(), format(x1), format(x2 - x1));
 }
 
 QString bracketSvg(const QString &id, double cx, double topY, double axleY)
@@ -72,8 +72,8 @@ QString bracketSvg(const QString &id, double cx, double topY, double axleY)
                           "<path d=\"M%6,%7 H%8 L%9,%10 A7,7 0 0 1 %11,%10 Z\" fill=\"url(#pl_strap)\" stroke=\"#4A5560\""
                           " stroke-width=\"0.8\" stroke-linejoin=\"round\" vector-effect=\"none\"/>"
                           "</g>\n")
-        .arg(id, num(cx - 7), num(topY), num(cx - 2), num(topY + 7), num(cx - 5), num(topY + 14), num(cx + 5), num(cx + 7))
-        .arg(num(axleY), num(cx - 7));
+        .arg(id, format(cx - 7), format(topY), format(cx - 2), format(topY + 7), format(cx - 5), format(topY + 14), format(cx + 5), format(cx + 7))
+        .arg(format(axleY), format(cx - 7));
 }
 
 QString strapSvg(double cx, double axleY, double bottomY)
@@ -82,26 +82,26 @@ QString strapSvg(double cx, double axleY, double bottomY)
                           " stroke-width=\"0.8\" stroke-linejoin=\"round\" vector-effect=\"none\"/>"
                           "<circle cx=\"%7\" cy=\"%2\" r=\"3\" fill=\"#3A434C\" stroke=\"#C9D0D6\" stroke-width=\"0.6\""
                           " vector-effect=\"none\"/>")
-        .arg(num(cx - 7), num(axleY), num(cx + 7), num(cx + 5), num(bottomY), num(cx - 5), num(cx));
+        .arg(format(cx - 7), format(axleY), format(cx + 7), format(cx + 5), format(bottomY), format(cx - 5), format(cx));
 }
 
 QString hookPath(double x, double y)
 {
     // A short shank, then the bend opening to the left.
     return QStringLiteral("M%1,%2 V%3 A5,5 0 1 1 %4,%5 V%6")
-        .arg(num(x), num(y), num(y + 11), num(x - 10), num(y + 11), num(y + 8));
+        .arg(format(x), format(y), format(y + 11), format(x - 10), format(y + 11), format(y + 8));
 }
 
 QString ropeSvg(const QString &id, QPointF a, QPointF b)
 {
     return QStringLiteral("<line id=\"%1\" x1=\"%2\" y1=\"%3\" x2=\"%4\" y2=\"%5\" %6/>\n")
-        .arg(id, num(a.x()), num(a.y()), num(b.x()), num(b.y()), QLatin1String(kRopeStyle));
+        .arg(id, format(a.x()), format(a.y()), format(b.x()), format(b.y()), QLatin1String(kRopeStyle));
 }
 
 QString lapSvg(const QString &id, double cx, double cy, double r, bool over)
 {
     return QStringLiteral("<path id=\"%1\" d=\"M%2,%3 A%4,%4 0 0 %5 %6,%3\" %7/>\n")
-        .arg(id, num(cx - r), num(cy), num(r), over ? QStringLiteral("1") : QStringLiteral("0"), num(cx + r),
+        .arg(id, format(cx - r), format(cy), format(r), over ? QStringLiteral("1") : QStringLiteral("0"), format(cx + r),
              QLatin1String(kRopeStyle));
 }
 

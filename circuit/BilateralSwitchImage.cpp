@@ -3,7 +3,7 @@
 #include <svgobj.h>
 
 namespace {
-enum { kStateAttr = 5102, kStatePropId = 1103, kBlades = 3 };
+enum { kBilateralSwitchImageStateAttr = 5102, kBilateralSwitchImageStatePropId = 1103, kBlades = 3 };
 
 // Blade shown for each state: open, closed up, closed down.
 const char *const kBladeOf[kBlades] = {"line_2", "line_1", "line_3"};
@@ -49,7 +49,7 @@ QString CBilateralSwitchImage::getPropName(int id)
 
 void CBilateralSwitchImage::ResetAtrribute()
 {
-    addAttribute(kStateAttr, kStatePropId, 1, QStringLiteral("IDS_SVG_PHYSICAL_SWITCH_STACE"), 1);
+    addAttribute(kBilateralSwitchImageStateAttr, kBilateralSwitchImageStatePropId, 1, QStringLiteral("IDS_SVG_PHYSICAL_SWITCH_STACE"), 1);
 }
 
 QByteArray CBilateralSwitchImage::GetComboboxData()
@@ -76,7 +76,7 @@ void CBilateralSwitchImage::UpdateCombobox(bool)
 bool CBilateralSwitchImage::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 {
     const bool r = CAttribute::SetAttribute(id, in, bRecord, bUndo);
-    keepAttribute(id, kStateAttr, m_nCapturedState);
+    keepAttribute(id, kBilateralSwitchImageStateAttr, m_nCapturedState);
     return r;
 }
 
@@ -94,6 +94,6 @@ bool CBilateralSwitchImage::SetSettingArray(QMap<QString, QString> &values, bool
 {
     const auto it = values.constFind(QStringLiteral("idSwitchState"));
     if (it != values.cend())
-        AttrValue::apply(*this, kStateAttr, it.value().toInt(), bRecord, bUndo);
+        AttrValue::apply(*this, kBilateralSwitchImageStateAttr, it.value().toInt(), bRecord, bUndo);
     return true;
 }

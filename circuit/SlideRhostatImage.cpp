@@ -7,7 +7,7 @@
 
 namespace {
 // The lead the arrow's tail runs along, and the resistor's top edge it points at.
-constexpr double kLeadY = 5, kTopEdge = 18, kRightEnd = 70.25, kHeadLength = 6.5, kHeadHalfWidth = 3.2;
+constexpr double kLeadY = 5, kTopEdge = 18, kRightEnd = 70.25, kSlideRhostatImageHeadLength = 6.5, kSlideRhostatImageHeadHalfWidth = 3.2;
 }
 
 CSlideRhostImage::CSlideRhostImage(CSVGObj *owner) : CImageTextBasic(owner)
@@ -75,12 +75,12 @@ bool CSlideRhostImage::updateSVG(QSvgNode *node, QPointF, bool)
     if (QSvgNode *lead = m_pDocument->namedNode(QStringLiteral("slider_lead")))
         lead->setAttribute(QStringLiteral("d"), QStringLiteral("M%1,%2H%3V%4")
                                                     .arg(SvgNumbers::format(kRightEnd), SvgNumbers::format(kLeadY), cx,
-                                                         SvgNumbers::format(kTopEdge - kHeadLength)));
+                                                         SvgNumbers::format(kTopEdge - kSlideRhostatImageHeadLength)));
     if (QSvgNode *head = m_pDocument->namedNode(QStringLiteral("slider_head")))
         head->setAttribute(QStringLiteral("d"), QStringLiteral("M%1,%3L%2,%3L%4,%5Z")
-                                                    .arg(SvgNumbers::format(x - kHeadHalfWidth),
-                                                         SvgNumbers::format(x + kHeadHalfWidth),
-                                                         SvgNumbers::format(kTopEdge - kHeadLength), cx,
+                                                    .arg(SvgNumbers::format(x - kSlideRhostatImageHeadHalfWidth),
+                                                         SvgNumbers::format(x + kSlideRhostatImageHeadHalfWidth),
+                                                         SvgNumbers::format(kTopEdge - kSlideRhostatImageHeadLength), cx,
                                                          SvgNumbers::format(kTopEdge)));
     if (m_pOwner)
         m_pOwner->update(QRectF());

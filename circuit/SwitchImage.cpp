@@ -3,7 +3,7 @@
 #include <svgobj.h>
 
 namespace {
-enum { kStateAttr = 5102, kStatePropId = 1103, kClosed = 0, kOpen = 1 };
+enum { kSwitchImageStateAttr = 5102, kSwitchImageStatePropId = 1103, kClosed = 0, kOpen = 1 };
 } // namespace
 
 CSwitchImage::CSwitchImage(CSVGObj *owner) : CAttribute(owner) {}
@@ -41,7 +41,7 @@ QString CSwitchImage::getPropName(int id)
 
 void CSwitchImage::ResetAtrribute()
 {
-    addAttribute(kStateAttr, kStatePropId, 1, QStringLiteral("IDS_SVG_PHYSICAL_SWITCH_STACE"), kOpen);
+    addAttribute(kSwitchImageStateAttr, kSwitchImageStatePropId, 1, QStringLiteral("IDS_SVG_PHYSICAL_SWITCH_STACE"), kOpen);
 }
 
 QByteArray CSwitchImage::GetComboboxData()
@@ -70,7 +70,7 @@ void CSwitchImage::UpdateCombobox(bool)
 bool CSwitchImage::SetAttribute(int id, QDataStream &in, bool bRecord, bool bUndo)
 {
     const bool r = CAttribute::SetAttribute(id, in, bRecord, bUndo);
-    keepAttribute(id, kStateAttr, m_nCapturedState);
+    keepAttribute(id, kSwitchImageStateAttr, m_nCapturedState);
     return r;
 }
 
@@ -85,6 +85,6 @@ bool CSwitchImage::SetSettingArray(QMap<QString, QString> &values, bool bRecord,
 {
     const auto it = values.constFind(QStringLiteral("idSwitchIsConnected"));
     if (it != values.cend())
-        AttrValue::apply(*this, kStateAttr, int(it.value() == QLatin1String("true") ? kClosed : kOpen), bRecord, bUndo);
+        AttrValue::apply(*this, kSwitchImageStateAttr, int(it.value() == QLatin1String("true") ? kClosed : kOpen), bRecord, bUndo);
     return true;
 }

@@ -12,14 +12,14 @@ enum { kShowCore = 5100, kCurrent = 5101 };
 enum Current { None, UpTheFront, DownTheFront };
 // The winding starts here and the turns keep their places from it, so that a drag
 // only adds or removes turns at the right end.
-constexpr double kStart = 26, kPitch = 6, kAxis = 36, kHalfHeight = 18, kSlant = 2.2, kOverhang = 12;
-constexpr double kHandleHalf = 4.5;
+constexpr double kStart = 26, kCoilAPitch = 6, kAxis = 36, kHalfHeight = 18, kSlant = 2.2, kCoilAOverhang = 12;
+constexpr double kCoilAHandleHalf = 4.5;
 // One current arrow per five turns, on the third of each five.
 constexpr int kTurnsPerArrow = 5;
 const QString kTurn = QStringLiteral("turn"), kBack = QStringLiteral("back"), kArrow = QStringLiteral("current");
-const QString f(double v) { return SvgNumbers::format(v); }
+using SvgNumbers::format;
 
-double turnX(int i) { return kStart + kPitch / 2 + i * kPitch; }
+double turnX(int i) { return kStart + kCoilAPitch / 2 + i * kCoilAPitch; }
 
 } // namespace
 
@@ -92,7 +92,7 @@ double CCoilA::woundLength() const
 
 int CCoilA::turnCount() const
 {
-    const double n = std::floor(woundLength() / kPitch);
+    const double n = std::floor(woundLength() / kCoilAPitch);
     return std::isfinite(n) ? int(qBound(1.0, n, double(Series::kMaxCount))) : 1;
 }
 
@@ -103,8 +103,8 @@ void CCoilA::layout(bool bFinal)
     const double len = woundLength();
     const int n = turnCount();
     if (QSvgNode *core = m_pDocument->namedNode(QStringLiteral("core"))) {
-        core->setNumAttribute(QStringLiteral("x"), kStart - kOverhang);
-        core->setNumAttribute(QStringLiteral("width"), len + 2 * kOverhang);
+        core->setNumAttribute(QStringLiteral("x"), kStart - kCoilAOverhang);
+        core->setNumAttribute(QStringLiteral("width"), len + 2 * kCoilAOverhang);
     }
     const int direction = m_attributes.value(kCurrent).intValue;
     if (n != m_nLaidTurns || direction != m_nLaidDirection)
@@ -112,7 +112,7 @@ void CCoilA::layout(bool bFinal)
     if (QSvgNode *g = m_pDocument->namedNode(QStringLiteral("currents")))
         g->setVisible(direction != None);
     if (QSvgNode *h = m_controlNodes.value(0))
-        h->setNumAttribute(QStringLiteral("y"), kAxis - kHandleHalf);
+        h->setNumAttribute(QStringLiteral("y"), kAxis - kCoilAHandleHalf);
     Resize(bFinal);
     repaint();
 }
@@ -139,10 +139,10 @@ void CCoilA::wind(int n, int direction)
     const double first = turnX(0) + kSlant, last = turnX(n - 1) + kSlant, top = kAxis - kHalfHeight;
     if (QSvgNode *l = m_pDocument->namedNode(QStringLiteral("lead_left")))
         l->setAttribute(QStringLiteral("d"), QStringLiteral("M%1,%2C%1,%3 %4,%5 %6,%5")
-                                                 .arg(f(first), f(top), f(top - 8), f(first - 6), f(top - 12), f(first - 22)));
+                                                 .arg(format(first), format(top), format(top - 8), format(first - 6), format(top - 12), format(first - 22)));
     if (QSvgNode *r = m_pDocument->namedNode(QStringLiteral("lead_right")))
         r->setAttribute(QStringLiteral("d"), QStringLiteral("M%1,%2C%1,%3 %4,%5 %6,%5")
-                                                 .arg(f(last), f(top), f(top - 8), f(last + 6), f(top - 12), f(last + 22)));
+                                                 .arg(format(last), format(top), format(top - 8), format(last + 6), format(top - 12), format(last + 22)));
     // Current arrows on the middle of the front of every fifth turn, along the wire.
     const QVector<QSvgNode *> arrows = Series::fit(*this, kArrow, std::max(1, n / kTurnsPerArrow));
     const double dy = direction == DownTheFront ? 1 : -1;
@@ -152,8 +152,8 @@ void CCoilA::wind(int n, int direction)
         const double x = turnX(std::min(n - 1, k * kTurnsPerArrow + 2));
         const double tipX = x + ux * 5, tipY = kAxis + uy * 5, backX = x - ux * 4, backY = kAxis - uy * 4;
         arrows[k]->setAttribute(QStringLiteral("d"), QStringLiteral("M%1,%2L%3,%4L%5,%6Z")
-                                                         .arg(f(tipX), f(tipY), f(backX - uy * 4), f(backY + ux * 4),
-                                                              f(backX + uy * 4), f(backY - ux * 4)));
+                                                         .arg(format(tipX), format(tipY), format(backX - uy * 4), format(backY + ux * 4),
+                                                              format(backX + uy * 4), format(backY - ux * 4)));
     }
     m_nLaidTurns = n;
     m_nLaidDirection = direction;
@@ -163,7 +163,7 @@ void CCoilA::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
 {
     const double len = woundLength(), last = turnX(turnCount() - 1) + kSlant;
     enclose(QRectF(QPointF(turnX(0) + kSlant - 23, kAxis - kHalfHeight - 13),
-                   QPointF(std::max(last + 23, kStart + len + kOverhang + 1), kAxis + kHalfHeight + 2)),
+                   QPointF(std::max(last + 23, kStart + len + kCoilAOverhang + 1), kAxis + kHalfHeight + 2)),
             topLeft, bottomRight);
     for (QSvgNode *h : m_controlNodes)
         enclose(h->rect(), topLeft, bottomRight);

@@ -51,19 +51,18 @@ const char *glyph(const char *key)
     return table.value(QByteArray(key), "");
 }
 
-constexpr double kCx = 107, kCy = 143;  // the pointer's pivot
+constexpr double kDialArtCx = 107, kDialArtCy = 143;  // the pointer's pivot
 constexpr double kArc = 51;             // half the scale, degrees
 constexpr double kArcRadius = 106;
 constexpr double kOuterFigureRadius = 120;  // the pointer reaches 114
 constexpr double kOuterFigureArc = 49.5;
-constexpr double kPi = 3.141592653589793;
 
 QString num(double v) { return QString::number(std::round(v * 1000) / 1000, 'g', 8); }
 
 QPointF onDial(double degrees, double radius)
 {
-    const double r = degrees * kPi / 180;
-    return QPointF(kCx + std::sin(r) * radius, kCy - std::cos(r) * radius);
+    const double r = degrees * M_PI / 180;
+    return QPointF(kDialArtCx + std::sin(r) * radius, kDialArtCy - std::cos(r) * radius);
 }
 
 QString placed(const char *key, QPointF at, const char *fill)
@@ -124,7 +123,7 @@ QString DialArt::meterSvg(const Dial &dial)
     for (const DialArt::Figure &f : dial.inner)
         s += placed(f.glyph, onDial(-kArc + 2 * kArc * f.division / dial.divisions, kArcRadius - 20), "#3B4F8C");
     if (dial.unit)
-        s += placed(dial.unit, QPointF(kCx, 110), "#1E1E1E");
+        s += placed(dial.unit, QPointF(kDialArtCx, 110), "#1E1E1E");
 
     s += QStringLiteral("<g id=\"pointer\" rotate_x=\"107\" rotate_y=\"143\" rotate_from=\"-51\" rotate_to=\"51\" rotate_angle=\"0\">\n"
                         "<line id=\"line\" x1=\"107\" y1=\"143\" x2=\"107\" y2=\"29\" fill=\"none\" stroke=\"#ED1F24\""
@@ -136,7 +135,7 @@ QString DialArt::meterSvg(const Dial &dial)
     const int n = dial.terminals.size();
     const double pitch = n > 2 ? 55 : 74;
     for (int i = 0; i < n; ++i) {
-        const double x = kCx + (i - (n - 1) * 0.5) * pitch;
+        const double x = kDialArtCx + (i - (n - 1) * 0.5) * pitch;
         const char *ring = i == 0 ? "#59595A" : "#ED1F24";
         s += placed(dial.terminals[i], QPointF(x, 167), i == 0 ? "#E6E6E6" : "#FF7A7A");
         s += QStringLiteral("<circle cx=\"%1\" cy=\"189\" r=\"10\" fill=\"#BFBFBF\" stroke=\"%2\" stroke-width=\"2\"/>\n"

@@ -9,11 +9,10 @@
 
 namespace {
 
-enum { kSign = 5100, kShowLines = 5101, kCount = 5102 };
+enum { kElectricchargeSign = 5100, kShowLines = 5101, kCount = 5102 };
 // The sphere's centre stays put; the lines start a little off its surface.
-constexpr double kCx = 126, kCy = 126, kRadius = 16, kGap = 4, kHandleHalf = 4.5;
-constexpr double kPi = 3.141592653589793;
-const QString kLine = QStringLiteral("line");
+constexpr double kElectricchargeCx = 126, kElectricchargeCy = 126, kElectricchargeRadius = 16, kGap = 4, kElectricchargeHandleHalf = 4.5;
+const QString kElectricchargeLine = QStringLiteral("line");
 
 } // namespace
 
@@ -57,7 +56,7 @@ int CElectriccharge::getSVGType() { return 508; }
 
 void CElectriccharge::ResetAtrribute()
 {
-    addCombo(kSign, 1101, QStringLiteral("IDS_SVG_PHYSICAL_CHARGE_SIGN"), 0,
+    addCombo(kElectricchargeSign, 1101, QStringLiteral("IDS_SVG_PHYSICAL_CHARGE_SIGN"), 0,
              {QStringLiteral("IDS_SVG_PHYSICAL_CHARGE_SIGN_0"), QStringLiteral("IDS_SVG_PHYSICAL_CHARGE_SIGN_1")});
     addAttribute(kShowLines, 1102, 0, QStringLiteral("IDS_SVG_PHYSICAL_SHOW_FIELD_LINES"), 0, true);
     addCombo(kCount, 1103, QStringLiteral("IDS_SVG_PHYSICAL_LINE_COUNT"), 0,
@@ -72,7 +71,7 @@ void CElectriccharge::SVGInit(bool, bool)
     layout(false);
 }
 
-bool CElectriccharge::positive() const { return m_attributes.value(kSign).intValue == 0; }
+bool CElectriccharge::positive() const { return m_attributes.value(kElectricchargeSign).intValue == 0; }
 
 int CElectriccharge::lineCount() const
 {
@@ -86,23 +85,23 @@ int CElectriccharge::lineCount() const
 double CElectriccharge::lineLength() const
 {
     QSvgNode *h = m_controlNodes.value(0);
-    return h ? h->rect().center().x() - kCx - kRadius - kGap : 0;
+    return h ? h->rect().center().x() - kElectricchargeCx - kElectricchargeRadius - kGap : 0;
 }
 
 void CElectriccharge::layout(bool bFinal)
 {
     if (!m_pDocument || m_controlNodes.isEmpty())
         return;
-    const double from = kRadius + kGap, to = from + std::max(0.0, lineLength());
+    const double from = kElectricchargeRadius + kGap, to = from + std::max(0.0, lineLength());
     const int n = lineCount();
-    const QVector<QSvgNode *> lines = Series::fit(*this, kLine, n);
+    const QVector<QSvgNode *> lines = Series::fit(*this, kElectricchargeLine, n);
     for (int k = 0; k < lines.size(); ++k) {
         // Anticlockwise from the first, which points right; y grows downwards.
-        const double a = 2 * kPi * k / n, ux = std::cos(a), uy = -std::sin(a);
+        const double a = 2 * M_PI * k / n, ux = std::cos(a), uy = -std::sin(a);
         // Heads two thirds of the way out, pointing away from + and towards −.
         lines[k]->setAttribute(QStringLiteral("d"),
-                               FieldLines::arrowed(QPointF(kCx + ux * from, kCy + uy * from),
-                                                   QPointF(kCx + ux * to, kCy + uy * to), 0.62, !positive(), 4.2));
+                               FieldLines::arrowed(QPointF(kElectricchargeCx + ux * from, kElectricchargeCy + uy * from),
+                                                   QPointF(kElectricchargeCx + ux * to, kElectricchargeCy + uy * to), 0.62, !positive(), 4.2));
     }
     Resize(bFinal);
     repaint();
@@ -111,8 +110,8 @@ void CElectriccharge::layout(bool bFinal)
 void CElectriccharge::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
 {
     // As far out every way as the first line reaches: the item grows about the sphere.
-    const double r = std::max(kRadius + kGap + lineLength(), kRadius) + kHandleHalf + 1;
-    enclose(QRectF(kCx - r, kCy - r, 2 * r, 2 * r), topLeft, bottomRight);
+    const double r = std::max(kElectricchargeRadius + kGap + lineLength(), kElectricchargeRadius) + kElectricchargeHandleHalf + 1;
+    enclose(QRectF(kElectricchargeCx - r, kElectricchargeCy - r, 2 * r, 2 * r), topLeft, bottomRight);
 }
 
 bool CElectriccharge::updateSVG(QSvgNode *node, QPointF, bool bFinal)
@@ -151,13 +150,13 @@ void CElectriccharge::UpdateCombobox(bool)
 
 void CElectriccharge::GetSettingArray(QJsonArray &array)
 {
-    PanelItems::append(*this, array, {{"idChargeSign", kSign}, {"idShowFieldLines", kShowLines}, {"idLineCount", kCount}});
+    PanelItems::append(*this, array, {{"idChargeSign", kElectricchargeSign}, {"idShowFieldLines", kShowLines}, {"idLineCount", kCount}});
     PanelItems::append(*this, array, {{"idLength", "IDS_PHYSICSOBJ_LENGTH", 0, HandlePos::X}});
 }
 
 bool CElectriccharge::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    PanelItems::apply(*this, values, {{"idChargeSign", kSign}, {"idShowFieldLines", kShowLines}, {"idLineCount", kCount}},
+    PanelItems::apply(*this, values, {{"idChargeSign", kElectricchargeSign}, {"idShowFieldLines", kShowLines}, {"idLineCount", kCount}},
                       bRecord, bUndo);
     PanelItems::apply(*this, values, {{"idLength", "IDS_PHYSICSOBJ_LENGTH", 0, HandlePos::X}}, m_bPosByCode);
     return true;

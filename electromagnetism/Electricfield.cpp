@@ -9,20 +9,20 @@ namespace {
 
 enum { kPositive = 5100, kShowPlates = 5101, kLineColour = 5102 };
 // The plates' left ends and the upper plate stay put.
-constexpr double kLeft = 24, kPlateTop = 22, kPlate = 8, kInnerTop = kPlateTop + kPlate, kPitch = 30;
-constexpr double kSignGap = 10, kSign = 3.6, kHandleHalf = 4.5;
+constexpr double kElectricfieldLeft = 24, kPlateTop = 22, kElectricfieldPlate = 8, kInnerTop = kPlateTop + kElectricfieldPlate, kElectricfieldPitch = 30;
+constexpr double kSignGap = 10, kElectricfieldSign = 3.6, kElectricfieldHandleHalf = 4.5;
 const QColor kPlus(0xE5, 0x39, 0x35), kMinus(0x1E, 0x63, 0xD6);
-const QString kLine = QStringLiteral("line"), kHead = QStringLiteral("arrow");
-const QString f(double v) { return SvgNumbers::format(v); }
+const QString kElectricfieldLine = QStringLiteral("line"), kElectricfieldHead = QStringLiteral("arrow");
+using SvgNumbers::format;
 
 QString signs(int count, bool plus)
 {
     QString d;
     for (int i = 0; i < count; ++i) {
-        const double x = (i + 0.5) * kPitch;
-        d += QStringLiteral("M%1,0H%2").arg(f(x - kSign), f(x + kSign));
+        const double x = (i + 0.5) * kElectricfieldPitch;
+        d += QStringLiteral("M%1,0H%2").arg(format(x - kElectricfieldSign), format(x + kElectricfieldSign));
         if (plus)
-            d += QStringLiteral("M%1,%2V%3").arg(f(x), f(-kSign), f(kSign));
+            d += QStringLiteral("M%1,%2V%3").arg(format(x), format(-kElectricfieldSign), format(kElectricfieldSign));
     }
     return d;
 }
@@ -105,31 +105,31 @@ void CElectricfield::SVGInit(bool, bool)
 double CElectricfield::plateLength() const
 {
     QSvgNode *h = m_controlNodes.value(0);
-    return h ? h->rect().center().x() - kLeft : 0;
+    return h ? h->rect().center().x() - kElectricfieldLeft : 0;
 }
 
 double CElectricfield::separation() const
 {
     QSvgNode *h = m_controlNodes.value(1);
-    return h ? h->rect().center().y() - kPlate / 2 - kInnerTop : 0;
+    return h ? h->rect().center().y() - kElectricfieldPlate / 2 - kInnerTop : 0;
 }
 
 bool CElectricfield::topPositive() const { return m_attributes.value(kPositive).intValue == 0; }
 
 void CElectricfield::regenerate(int count, bool topPlus)
 {
-    const QVector<QSvgNode *> lines = Series::fit(*this, kLine, count);
+    const QVector<QSvgNode *> lines = Series::fit(*this, kElectricfieldLine, count);
     for (int i = 0; i < lines.size(); ++i) {
-        lines[i]->setNumAttribute(QStringLiteral("x1"), (i + 0.5) * kPitch);
-        lines[i]->setNumAttribute(QStringLiteral("x2"), (i + 0.5) * kPitch);
+        lines[i]->setNumAttribute(QStringLiteral("x1"), (i + 0.5) * kElectricfieldPitch);
+        lines[i]->setNumAttribute(QStringLiteral("x2"), (i + 0.5) * kElectricfieldPitch);
     }
     // Heads point from + to −: down when the top plate is +.
     const double d = topPlus ? 1 : -1;
-    const QVector<QSvgNode *> heads = Series::fit(*this, kHead, count);
+    const QVector<QSvgNode *> heads = Series::fit(*this, kElectricfieldHead, count);
     for (int i = 0; i < heads.size(); ++i) {
-        const double x = (i + 0.5) * kPitch;
+        const double x = (i + 0.5) * kElectricfieldPitch;
         heads[i]->setAttribute(QStringLiteral("d"), QStringLiteral("M%1,%2L%3,%4L%5,%4Z")
-                                                        .arg(f(x), f(5 * d), f(x - 4.5), f(-4 * d), f(x + 4.5)));
+                                                        .arg(format(x), format(5 * d), format(x - 4.5), format(-4 * d), format(x + 4.5)));
     }
     QSvgNode *top = m_pDocument->namedNode(QStringLiteral("sign_top"));
     QSvgNode *bottom = m_pDocument->namedNode(QStringLiteral("sign_bottom"));
@@ -149,30 +149,30 @@ void CElectricfield::layout(bool bFinal)
         return;
     const double len = plateLength(), sep = separation();
     const double innerBottom = kInnerTop + sep;
-    const Series::Spread spread = Series::spread(kLeft, len, kPitch);
+    const Series::Spread spread = Series::spread(kElectricfieldLeft, len, kElectricfieldPitch);
     if (spread.count != m_nLaidCount || int(topPositive()) != m_nLaidPolarity)
         regenerate(spread.count, topPositive());
     // Lines run from plate to plate.
-    for (QSvgNode *l : Series::members(*this, kLine))
+    for (QSvgNode *l : Series::members(*this, kElectricfieldLine))
         l->setNumAttribute(QStringLiteral("y2"), innerBottom);
-    auto translate = [](double x, double y) { return QStringLiteral("translate(%1,%2)").arg(f(x), f(y)); };
+    auto translate = [](double x, double y) { return QStringLiteral("translate(%1,%2)").arg(format(x), format(y)); };
     if (QSvgNode *field = m_pDocument->namedNode(QStringLiteral("field")))
-        field->setAttribute(QStringLiteral("transform"), translate(spread.first - kPitch / 2, 0));
+        field->setAttribute(QStringLiteral("transform"), translate(spread.first - kElectricfieldPitch / 2, 0));
     if (QSvgNode *heads = m_pDocument->namedNode(QStringLiteral("heads")))
         heads->setAttribute(QStringLiteral("transform"), translate(0, kInnerTop + sep / 2));
     if (QSvgNode *lower = m_pDocument->namedNode(QStringLiteral("lower_signs")))
-        lower->setAttribute(QStringLiteral("transform"), translate(0, innerBottom + kPlate + kSignGap));
+        lower->setAttribute(QStringLiteral("transform"), translate(0, innerBottom + kElectricfieldPlate + kSignGap));
     for (const char *id : {"plate_top", "plate_bottom"})
         if (QSvgNode *p = m_pDocument->namedNode(QLatin1String(id)))
             p->setNumAttribute(QStringLiteral("width"), len);
     if (QSvgNode *p = m_pDocument->namedNode(QStringLiteral("plate_bottom")))
         p->setNumAttribute(QStringLiteral("y"), innerBottom);
     if (QSvgNode *name = m_pDocument->namedNode(QStringLiteral("name"))) {
-        name->setNumAttribute(QStringLiteral("x"), kLeft + len + 8);
+        name->setNumAttribute(QStringLiteral("x"), kElectricfieldLeft + len + 8);
         name->setNumAttribute(QStringLiteral("y"), kInnerTop + sep / 2 + m_nameSize.height() * 0.35);
     }
     // Each handle stays where the other's value puts it.
-    m_controlNodes.at(1)->setNumAttribute(QStringLiteral("x"), kLeft + len / 2 - kHandleHalf);
+    m_controlNodes.at(1)->setNumAttribute(QStringLiteral("x"), kElectricfieldLeft + len / 2 - kElectricfieldHandleHalf);
     Resize(bFinal);
     repaint();
 }
@@ -180,8 +180,8 @@ void CElectricfield::layout(bool bFinal)
 void CElectricfield::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
 {
     const double len = plateLength(), sep = separation();
-    const double signsBelow = kInnerTop + sep + kPlate + kSignGap + kSign + 2;
-    enclose(QRectF(QPointF(kLeft - 1, kPlateTop - kSignGap - kSign - 2), QPointF(kLeft + len + 9 + m_nameSize.width(), signsBelow)),
+    const double signsBelow = kInnerTop + sep + kElectricfieldPlate + kSignGap + kElectricfieldSign + 2;
+    enclose(QRectF(QPointF(kElectricfieldLeft - 1, kPlateTop - kSignGap - kElectricfieldSign - 2), QPointF(kElectricfieldLeft + len + 9 + m_nameSize.width(), signsBelow)),
             topLeft, bottomRight);
     for (QSvgNode *h : m_controlNodes)
         enclose(h->rect(), topLeft, bottomRight);

@@ -7,7 +7,7 @@
 
 namespace {
 // The left end and the top edge stay put.
-constexpr double kLeft = 6, kTop = 6, kHandleHalf = 4.5, kLamination = 6;
+constexpr double kIroncoreLeft = 6, kIroncoreTop = 6, kIroncoreHandleHalf = 4.5, kLamination = 6;
 const QString kLam = QStringLiteral("lam");
 } // namespace
 
@@ -65,13 +65,13 @@ void CIroncore::SVGInit(bool, bool)
 double CIroncore::length() const
 {
     QSvgNode *h = m_controlNodes.value(0);
-    return h ? h->rect().center().x() - kLeft : 0;
+    return h ? h->rect().center().x() - kIroncoreLeft : 0;
 }
 
 double CIroncore::thickness() const
 {
     QSvgNode *h = m_controlNodes.value(1);
-    return h ? h->rect().center().y() - kTop : 0;
+    return h ? h->rect().center().y() - kIroncoreTop : 0;
 }
 
 void CIroncore::layout(bool bFinal)
@@ -85,24 +85,24 @@ void CIroncore::layout(bool bFinal)
             n->setNumAttribute(QStringLiteral("height"), t);
         }
     // One sheet boundary per 6 units of thickness, spread evenly across it.
-    const Series::Spread s = Series::spread(kTop, t, kLamination);
+    const Series::Spread s = Series::spread(kIroncoreTop, t, kLamination);
     const QVector<QSvgNode *> lines = Series::fit(*this, kLam, s.count);
     for (int i = 0; i < lines.size(); ++i) {
         QSvgNode *l = lines[i];
-        l->setNumAttribute(QStringLiteral("x2"), kLeft + len);
+        l->setNumAttribute(QStringLiteral("x2"), kIroncoreLeft + len);
         l->setNumAttribute(QStringLiteral("y1"), s.at(i));
         l->setNumAttribute(QStringLiteral("y2"), s.at(i));
     }
     // Each handle stays where the other's value puts it: mid-height, mid-length.
-    m_controlNodes.at(0)->setNumAttribute(QStringLiteral("y"), kTop + t / 2 - kHandleHalf);
-    m_controlNodes.at(1)->setNumAttribute(QStringLiteral("x"), kLeft + len / 2 - kHandleHalf);
+    m_controlNodes.at(0)->setNumAttribute(QStringLiteral("y"), kIroncoreTop + t / 2 - kIroncoreHandleHalf);
+    m_controlNodes.at(1)->setNumAttribute(QStringLiteral("x"), kIroncoreLeft + len / 2 - kIroncoreHandleHalf);
     Resize(bFinal);
     repaint();
 }
 
 void CIroncore::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
 {
-    enclose(QRectF(kLeft, kTop, length(), thickness()).adjusted(-1, -1, 1, 1), topLeft, bottomRight);
+    enclose(QRectF(kIroncoreLeft, kIroncoreTop, length(), thickness()).adjusted(-1, -1, 1, 1), topLeft, bottomRight);
     for (QSvgNode *h : m_controlNodes)
         enclose(h->rect(), topLeft, bottomRight);
 }

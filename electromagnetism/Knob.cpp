@@ -5,7 +5,6 @@
 
 namespace {
 
-constexpr double kPi = 3.141592653589793;
 
 struct ColourKey {
     int attribute;
@@ -23,7 +22,7 @@ QString dialTicks()
     // Twelve marks round the ring, fixed to the panel.
     QString d;
     for (int i = 0; i < 12; ++i) {
-        const double a = i * kPi / 6;
+        const double a = i * M_PI / 6;
         d += QStringLiteral("M%1,%2L%3,%4")
                  .arg(39 + 33.5 * std::sin(a), 0, 'f', 2)
                  .arg(39 - 33.5 * std::cos(a), 0, 'f', 2)
@@ -119,14 +118,14 @@ bool CKnob::updateSVG(QSvgNode *node, QPointF, bool)
         theta = std::atan((d.y() - h.y()) / (h.x() - d.x()));
         if (std::fabs(theta) < 1e-7) {
             if (d.x() - h.x() >= 1e-7)
-                theta += kPi;
+                theta += M_PI;
         } else if (theta < 0) {
-            theta += d.y() - h.y() >= 1e-7 ? kPi : 6.283185307179586;
+            theta += d.y() - h.y() >= 1e-7 ? M_PI : 6.283185307179586;
         } else if (h.y() - d.y() >= 1e-7) {
-            theta += kPi;
+            theta += M_PI;
         }
     }
-    const double deg = theta * 180 / kPi;
+    const double deg = theta * 180 / M_PI;
     const double turn = deg <= 270 + 1e-7 ? 90 - deg : 450 - deg;
     knob->setNumAttribute(QStringLiteral("rotate_angle"), turn);
     node->setNumAttribute(QStringLiteral("x"), d.x() + std::cos(theta) * knobRadius - hr.width() * 0.5);

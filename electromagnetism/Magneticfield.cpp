@@ -12,7 +12,7 @@ enum { kDirection = 5100, kDensity = 5101, kColour = 5102, kBorder = 5103 };
 enum Kind { Cross, Dot, Right, Left, Up, Down };
 
 const QString kMark = QStringLiteral("mark");
-constexpr double kHandleHalf = 4.5;
+constexpr double kMagneticfieldHandleHalf = 4.5;
 
 QString cross(QPointF c, double a)
 {
@@ -191,7 +191,7 @@ void CMagneticfield::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRig
     const QRectF r = region();
     if (r.isNull())
         return;
-    enclose(r.adjusted(-kHandleHalf - 1, -kHandleHalf - 1, kHandleHalf + 1, kHandleHalf + 1), topLeft, bottomRight);
+    enclose(r.adjusted(-kMagneticfieldHandleHalf - 1, -kMagneticfieldHandleHalf - 1, kMagneticfieldHandleHalf + 1, kMagneticfieldHandleHalf + 1), topLeft, bottomRight);
     enclose(m_nameBox, topLeft, bottomRight);
 }
 

@@ -8,10 +8,9 @@
 
 namespace {
 enum { kShowVelocity = 5100 };
-const QPointF kCentre(20, 34);
-constexpr double kRadius = 10, kHead = 10, kHeadHalf = 5, kMinLength = 20, kMaxLength = 400, kLabelOff = 13;
-constexpr double kPi = 3.141592653589793;
-const QString f(double v) { return SvgNumbers::format(v); }
+const QPointF kNegativeelectronCentre(20, 34);
+constexpr double kNegativeelectronRadius = 10, kNegativeelectronHead = 10, kHeadHalf = 5, kNegativeelectronMinLength = 20, kNegativeelectronMaxLength = 400, kLabelOff = 13;
+using SvgNumbers::format;
 } // namespace
 
 CNegativeelectron::CNegativeelectron(CSVGObj *owner) : CBasic(owner)
@@ -68,33 +67,33 @@ void CNegativeelectron::SVGInit(bool, bool)
     layout(false);
 }
 
-double CNegativeelectron::angle() const { return HandlePos::polar(*this, 0, kCentre).angle; }
-double CNegativeelectron::length() const { return HandlePos::polar(*this, 0, kCentre).distance; }
+double CNegativeelectron::angle() const { return HandlePos::polar(*this, 0, kNegativeelectronCentre).angle; }
+double CNegativeelectron::length() const { return HandlePos::polar(*this, 0, kNegativeelectronCentre).distance; }
 
 void CNegativeelectron::layout(bool bFinal)
 {
     if (!m_pDocument || m_controlNodes.isEmpty())
         return;
-    HandlePos::Polar p = HandlePos::polar(*this, 0, kCentre);
-    p.distance = qBound(kMinLength, p.distance, kMaxLength);
+    HandlePos::Polar p = HandlePos::polar(*this, 0, kNegativeelectronCentre);
+    p.distance = qBound(kNegativeelectronMinLength, p.distance, kNegativeelectronMaxLength);
     // Back on the tip; what is drawn follows from where the handle then stands.
-    p = HandlePos::putBack(*this, 0, kCentre, p);
-    const double tip = kCentre.x() + p.distance;
+    p = HandlePos::putBack(*this, 0, kNegativeelectronCentre, p);
+    const double tip = kNegativeelectronCentre.x() + p.distance;
     if (QSvgNode *v = m_pDocument->namedNode(QStringLiteral("velocity")))
         v->setNumAttribute(QStringLiteral("rotate_angle"), p.angle == 0 ? 0.0 : -p.angle);
     if (QSvgNode *shaft = m_pDocument->namedNode(QStringLiteral("shaft"))) {
-        shaft->setNumAttribute(QStringLiteral("x1"), std::min(kCentre.x() + kRadius + 1, tip - kHead));
-        shaft->setNumAttribute(QStringLiteral("x2"), tip - kHead + 1);
+        shaft->setNumAttribute(QStringLiteral("x1"), std::min(kNegativeelectronCentre.x() + kNegativeelectronRadius + 1, tip - kNegativeelectronHead));
+        shaft->setNumAttribute(QStringLiteral("x2"), tip - kNegativeelectronHead + 1);
     }
     if (QSvgNode *head = m_pDocument->namedNode(QStringLiteral("head")))
         head->setAttribute(QStringLiteral("d"), QStringLiteral("M%1,%2L%3,%4L%3,%5Z")
-                                                    .arg(f(tip), f(kCentre.y()), f(tip - kHead), f(kCentre.y() - kHeadHalf),
-                                                         f(kCentre.y() + kHeadHalf)));
+                                                    .arg(format(tip), format(kNegativeelectronCentre.y()), format(tip - kNegativeelectronHead), format(kNegativeelectronCentre.y() - kHeadHalf),
+                                                         format(kNegativeelectronCentre.y() + kHeadHalf)));
     // The label stays upright, beside the tip on the arrow's left.
     if (QSvgNode *label = m_pDocument->namedNode(QStringLiteral("v_label"))) {
-        const double a = p.angle * kPi / 180, ux = std::cos(a), uy = -std::sin(a);
-        const double x = kCentre.x() + ux * (p.distance - 8) + uy * kLabelOff;
-        const double y = kCentre.y() + uy * (p.distance - 8) - ux * kLabelOff;
+        const double a = p.angle * M_PI / 180, ux = std::cos(a), uy = -std::sin(a);
+        const double x = kNegativeelectronCentre.x() + ux * (p.distance - 8) + uy * kLabelOff;
+        const double y = kNegativeelectronCentre.y() + uy * (p.distance - 8) - ux * kLabelOff;
         label->setNumAttribute(QStringLiteral("x"), x);
         label->setNumAttribute(QStringLiteral("y"), y + m_labelSize.height() * 0.3);
     }
@@ -104,7 +103,7 @@ void CNegativeelectron::layout(bool bFinal)
 
 void CNegativeelectron::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
 {
-    enclose(QRectF(kCentre.x() - kRadius - 1, kCentre.y() - kRadius - 1, 2 * kRadius + 2, 2 * kRadius + 2), topLeft,
+    enclose(QRectF(kNegativeelectronCentre.x() - kNegativeelectronRadius - 1, kNegativeelectronCentre.y() - kNegativeelectronRadius - 1, 2 * kNegativeelectronRadius + 2, 2 * kNegativeelectronRadius + 2), topLeft,
             bottomRight);
     if (QSvgNode *h = m_controlNodes.value(0))
         enclose(h->rect().adjusted(-2, -2, 2, 2), topLeft, bottomRight);
@@ -144,7 +143,7 @@ bool CNegativeelectron::SetSettingArray(QMap<QString, QString> &values, bool bRe
     PanelItems::apply(*this, values, {{"idShowVelocity", kShowVelocity}}, bRecord, bUndo);
     double degrees = 0;
     if (HandlePos::typedNumber(values, QStringLiteral("idAngle"), -180, 180, true, degrees))
-        HandlePos::turnTo(*this, 0, kCentre, degrees, m_bPosByCode);
+        HandlePos::turnTo(*this, 0, kNegativeelectronCentre, degrees, m_bPosByCode);
     return true;
 }
 

@@ -12,13 +12,13 @@ namespace {
 const QString kPosKey = QStringLiteral("idPosValue");
 const QString kNamesKey = QStringLiteral("idShowTerminalNames");
 // The winding, and the slider's centre as drawn in the template.
-constexpr double kWindLeft = 50, kWindRight = 230, kPitch = 3, kSliderDrawnAt = 140;
+constexpr double kWindLeft = 50, kWindRight = 230, kSlidingRheostatPitch = 3, kSliderDrawnAt = 140;
 
 QString turns()
 {
     QString d;
-    for (int k = 1; kWindLeft + (k - 1) * kPitch < kWindRight; ++k) {
-        const double x = kWindLeft + (k - 1) * kPitch + kPitch / 2;
+    for (int k = 1; kWindLeft + (k - 1) * kSlidingRheostatPitch < kWindRight; ++k) {
+        const double x = kWindLeft + (k - 1) * kSlidingRheostatPitch + kSlidingRheostatPitch / 2;
         d += QStringLiteral("<line id=\"coil_%1\" x1=\"%2\" y1=\"60.8\" x2=\"%3\" y2=\"93.2\"/>\n")
                  .arg(k)
                  .arg(x - 0.8)

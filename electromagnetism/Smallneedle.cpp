@@ -7,7 +7,7 @@
 
 namespace {
 const QPointF kPin(56, 56);
-constexpr double kTip = 48; // the north tip's distance from the pin
+constexpr double kSmallneedleTip = 48; // the north tip's distance from the pin
 } // namespace
 
 CSmallneedle::CSmallneedle(CSVGObj *owner) : CBasic(owner)
@@ -76,7 +76,7 @@ bool CSmallneedle::updateSVG(QSvgNode *node, QPointF, bool)
     if (!node || node != m_controlNodes.value(0) || !m_pDocument)
         return false;
     // Back on its circle; the needle then points where the handle stands.
-    const HandlePos::Polar p = HandlePos::putBack(*this, 0, kPin, {HandlePos::polar(*this, 0, kPin).angle, kTip});
+    const HandlePos::Polar p = HandlePos::putBack(*this, 0, kPin, {HandlePos::polar(*this, 0, kPin).angle, kSmallneedleTip});
     if (QSvgNode *needle = m_pDocument->namedNode(QStringLiteral("needle")))
         needle->setNumAttribute(QStringLiteral("rotate_angle"), p.angle == 0 ? 0.0 : -p.angle);
     repaint();

@@ -8,8 +8,8 @@
 namespace {
 
 // The upper arm's top edge and the bend's centre line stay put.
-constexpr double kTop = 4, kBendX = 60, kArm = 26, kHandleHalf = 4.5;
-const QString f(double v) { return SvgNumbers::format(v); }
+constexpr double kUtypeMagnetTop = 4, kBendX = 60, kArm = 26, kUtypeMagnetHandleHalf = 4.5;
+using SvgNumbers::format;
 
 void setRect(QSvgNode *n, double x, double y, double w, double h)
 {
@@ -93,7 +93,7 @@ double CUtypeMagnet::armLength() const
 double CUtypeMagnet::gap() const
 {
     QSvgNode *h = m_controlNodes.value(1);
-    return h ? h->rect().center().y() - (kTop + kArm) : 0;
+    return h ? h->rect().center().y() - (kUtypeMagnetTop + kArm) : 0;
 }
 
 void CUtypeMagnet::layout(bool bFinal)
@@ -102,18 +102,18 @@ void CUtypeMagnet::layout(bool bFinal)
         return;
     const double len = armLength(), g = gap();
     const double inner = std::max(g / 2, 0.0), outer = inner + kArm;
-    const double end = kBendX + len, lowTop = kTop + kArm + g, bottom = lowTop + kArm;
+    const double end = kBendX + len, lowTop = kUtypeMagnetTop + kArm + g, bottom = lowTop + kArm;
     const QString shape = QStringLiteral("M%1,%2H%3A%4,%4 0 0 0 %3,%5H%1V%6H%3A%7,%7 0 0 1 %3,%8H%1Z")
-                              .arg(f(end), f(kTop), f(kBendX), f(outer), f(bottom), f(lowTop), f(inner), f(kTop + kArm));
+                              .arg(format(end), format(kUtypeMagnetTop), format(kBendX), format(outer), format(bottom), format(lowTop), format(inner), format(kUtypeMagnetTop + kArm));
     for (const char *id : {"body", "outline"})
         if (QSvgNode *n = m_pDocument->namedNode(QLatin1String(id)))
             n->setAttribute(QStringLiteral("d"), shape);
     if (QSvgNode *shade = m_pDocument->namedNode(QStringLiteral("bend_shade")))
         shade->setAttribute(QStringLiteral("d"), QStringLiteral("M%1,%2A%3,%3 0 0 0 %1,%4V%5A%6,%6 0 0 1 %1,%7Z")
-                                                     .arg(f(kBendX), f(kTop), f(outer), f(bottom), f(lowTop), f(inner),
-                                                          f(kTop + kArm)));
+                                                     .arg(format(kBendX), format(kUtypeMagnetTop), format(outer), format(bottom), format(lowTop), format(inner),
+                                                          format(kUtypeMagnetTop + kArm)));
     if (QSvgNode *grad = m_pDocument->namedNode(QStringLiteral("bend"))) {
-        grad->setNumAttribute(QStringLiteral("cy"), kTop + kArm + g / 2);
+        grad->setNumAttribute(QStringLiteral("cy"), kUtypeMagnetTop + kArm + g / 2);
         grad->setNumAttribute(QStringLiteral("r"), outer);
     }
     // The bend is shaded across its width as the arms are: dark, light, dark.
@@ -122,26 +122,26 @@ void CUtypeMagnet::layout(bool bFinal)
         s0->setNumAttribute(QStringLiteral("offset"), t);
     if (QSvgNode *s1 = m_pDocument->namedNode(QStringLiteral("bend_1")))
         s1->setNumAttribute(QStringLiteral("offset"), t + (1 - t) * 0.35);
-    setRect(m_pDocument->namedNode(QStringLiteral("arm_shade_1")), kBendX, kTop, len, kArm);
+    setRect(m_pDocument->namedNode(QStringLiteral("arm_shade_1")), kBendX, kUtypeMagnetTop, len, kArm);
     setRect(m_pDocument->namedNode(QStringLiteral("arm_shade_2")), kBendX, lowTop, len, kArm);
     // Each arm's outer half is its pole.
     const bool northTop = m_attributes.value(Poles::kDirection).intValue == 0;
     const double cap = len / 2;
-    setRect(m_pDocument->namedNode(QStringLiteral("north")), end - cap, northTop ? kTop : lowTop, cap, kArm);
-    setRect(m_pDocument->namedNode(QStringLiteral("south")), end - cap, northTop ? lowTop : kTop, cap, kArm);
+    setRect(m_pDocument->namedNode(QStringLiteral("north")), end - cap, northTop ? kUtypeMagnetTop : lowTop, cap, kArm);
+    setRect(m_pDocument->namedNode(QStringLiteral("south")), end - cap, northTop ? lowTop : kUtypeMagnetTop, cap, kArm);
     const double baseline = 6.5; // half the letters' cap height, below the arm's middle
     if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("north_text"))) {
         n->setNumAttribute(QStringLiteral("x"), end - cap / 2);
-        n->setNumAttribute(QStringLiteral("y"), (northTop ? kTop : lowTop) + kArm / 2 + baseline);
+        n->setNumAttribute(QStringLiteral("y"), (northTop ? kUtypeMagnetTop : lowTop) + kArm / 2 + baseline);
     }
     if (QSvgNode *s = m_pDocument->namedNode(QStringLiteral("south_text"))) {
         s->setNumAttribute(QStringLiteral("x"), end - cap / 2);
-        s->setNumAttribute(QStringLiteral("y"), (northTop ? lowTop : kTop) + kArm / 2 + baseline);
+        s->setNumAttribute(QStringLiteral("y"), (northTop ? lowTop : kUtypeMagnetTop) + kArm / 2 + baseline);
     }
     // Each handle stays where the other's value puts it.
     QSvgNode *h1 = m_controlNodes.at(0), *h2 = m_controlNodes.at(1);
-    h1->setNumAttribute(QStringLiteral("y"), lowTop + kArm / 2 - kHandleHalf);
-    h2->setNumAttribute(QStringLiteral("x"), kBendX + len / 2 - kHandleHalf);
+    h1->setNumAttribute(QStringLiteral("y"), lowTop + kArm / 2 - kUtypeMagnetHandleHalf);
+    h2->setNumAttribute(QStringLiteral("x"), kBendX + len / 2 - kUtypeMagnetHandleHalf);
     Resize(bFinal);
     repaint();
 }
@@ -149,7 +149,7 @@ void CUtypeMagnet::layout(bool bFinal)
 void CUtypeMagnet::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
 {
     const double g = gap(), outer = std::max(g / 2, 0.0) + kArm;
-    enclose(QRectF(QPointF(kBendX - outer, kTop), QPointF(kBendX + armLength(), kTop + 2 * kArm + g)).adjusted(-1, -1, 1, 1),
+    enclose(QRectF(QPointF(kBendX - outer, kUtypeMagnetTop), QPointF(kBendX + armLength(), kUtypeMagnetTop + 2 * kArm + g)).adjusted(-1, -1, 1, 1),
             topLeft, bottomRight);
     for (QSvgNode *h : m_controlNodes)
         enclose(h->rect(), topLeft, bottomRight);

@@ -7,14 +7,13 @@
 namespace {
 
 constexpr int kShowAngleAttr = 5100;
-constexpr double kPi = 3.141592653589793;
 // The hinge: the plank's lower left corner, on the bench line.
 constexpr double kHingeX = 20, kHingeY = 180;
-constexpr double kMinAngle = 0, kMaxAngle = 80, kMinLength = 60, kMaxLength = 1000;
+constexpr double kMinAngle = 0, kMaxAngle = 80, kBevelMinLength = 60, kBevelMaxLength = 1000;
 constexpr double kPlank = 14;           // thickness
 constexpr double kProp = 8, kFoot = 26; // the prop's width and its foot's
 
-QString num(double v) { return SvgNumbers::format(v); }
+using SvgNumbers::format;
 
 } // namespace
 
@@ -97,11 +96,11 @@ void CBevel::layout()
     if (!m_pDocument || m_controlNodes.isEmpty())
         return;
     const QPointF hinge(kHingeX, kHingeY);
-    HandlePos::Polar p = HandlePos::heldPolar(*this, 0, hinge, kMinAngle, kMaxAngle, kMinLength, kMaxLength);
+    HandlePos::Polar p = HandlePos::heldPolar(*this, 0, hinge, kMinAngle, kMaxAngle, kBevelMinLength, kBevelMaxLength);
     p = HandlePos::putBack(*this, 0, hinge, p);
     m_dAngle = std::max(kMinAngle, std::min(kMaxAngle, p.angle));
-    m_dLength = std::max(kMinLength, std::min(kMaxLength, p.distance));
-    const double a = m_dAngle * kPi / 180, len = m_dLength;
+    m_dLength = std::max(kBevelMinLength, std::min(kBevelMaxLength, p.distance));
+    const double a = m_dAngle * M_PI / 180, len = m_dLength;
     const QPointF end(kHingeX + std::cos(a) * len, kHingeY - std::sin(a) * len);
 
     if (QSvgNode *g = m_pDocument->namedNode(QStringLiteral("board")))
@@ -118,7 +117,7 @@ void CBevel::layout()
         const double l = end.x() - kProp / 2, r = end.x() + kProp / 2, fl = end.x() - kFoot / 2, fr = end.x() + kFoot / 2;
         n->setAttribute(QStringLiteral("d"),
                         QStringLiteral("M%1,%2H%3V%4H%5V%6H%7V%4H%1Z")
-                            .arg(num(l), num(top), num(r), num(kHingeY - 5), num(fr), num(kHingeY), num(fl)));
+                            .arg(format(l), format(top), format(r), format(kHingeY - 5), format(fr), format(kHingeY), format(fl)));
     }
     const double right = std::max(end.x() + kFoot / 2, kHingeX + len * std::cos(a) + 10) + 10;
     if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("ground")))
@@ -129,8 +128,8 @@ void CBevel::layout()
     const double r = std::min(40.0, len * 0.3);
     if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("angle_arc")))
         n->setAttribute(QStringLiteral("d"), QStringLiteral("M%1,%2A%3,%3 0 0 0 %4,%5")
-                                                 .arg(num(kHingeX + r), num(kHingeY), num(r),
-                                                      num(kHingeX + std::cos(a) * r), num(kHingeY - std::sin(a) * r)));
+                                                 .arg(format(kHingeX + r), format(kHingeY), format(r),
+                                                      format(kHingeX + std::cos(a) * r), format(kHingeY - std::sin(a) * r)));
     if (QSvgNode *t = m_pDocument->namedNode(QStringLiteral("angle_text"))) {
         const bool inside = m_dAngle >= 20;
         const double mid = a / 2;
@@ -165,7 +164,7 @@ bool CBevel::updateSVG(QSvgNode *node, QPointF, bool bFinal)
 
 void CBevel::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
 {
-    const double a = m_dAngle * kPi / 180, c = std::cos(a), s = std::sin(a);
+    const double a = m_dAngle * M_PI / 180, c = std::cos(a), s = std::sin(a);
     // The plank's four corners with their outline, the prop's foot, the bench line, the
     // angle under it when the slope is low, and the handle.
     const QPointF up(-s * kPlank, -c * kPlank);
@@ -198,7 +197,7 @@ void CBevel::GetSettingArray(QJsonArray &array)
                                              QStringLiteral("80"), QStringLiteral("°"));
     });
     // A percentage of the length's range (not of the handle's travel, which turns).
-    const QString length = QString::number(HandlePos::percentOf(m_dLength, kMinLength, kMaxLength));
+    const QString length = QString::number(HandlePos::percentOf(m_dLength, kBevelMinLength, kBevelMaxLength));
     m_panel.append(array, 1, length, [this, length] {
         return m_pOwner->GetSettingJsonInput(QStringLiteral("idLength"), QStringLiteral("IDS_PHYSICSOBJ_LENGTH"), length,
                                              QStringLiteral("int"), QStringLiteral("0"), QStringLiteral("100"), QString());
@@ -215,7 +214,7 @@ bool CBevel::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool 
     if (HandlePos::typedNumber(values, QStringLiteral("idAngle"), kMinAngle, kMaxAngle, true, v))
         angle = v;
     if (HandlePos::typedNumber(values, QStringLiteral("idLength"), 0, 100, true, v))
-        length = kMinLength + (kMaxLength - kMinLength) * v / 100;
+        length = kBevelMinLength + (kBevelMaxLength - kBevelMinLength) * v / 100;
     if (angle != m_dAngle || length != m_dLength)
         moveEnd(angle, length);
     return true;

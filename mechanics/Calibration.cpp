@@ -8,11 +8,11 @@
 namespace {
 
 constexpr int kUnitAttr = 5100;
-constexpr double kTop = 0, kWidth = 50, kMinLength = 60, kMaxLength = 1000;
-constexpr double kMargin = 5, kPitch = 4;
+constexpr double kCalibrationTop = 0, kWidth = 50, kCalibrationMinLength = 60, kCalibrationMaxLength = 1000;
+constexpr double kMargin = 5, kCalibrationPitch = 4;
 constexpr double kMinor = 8, kMedium = 12, kLong = 17;
 
-const HandlePos::Slot kSlots[] = {{0, HandlePos::Y, "idPosValue", "IDS_PHYSICSOBJ_LENGTH", false}};
+const HandlePos::Slot kCalibrationSlots[] = {{0, HandlePos::Y, "idPosValue", "IDS_PHYSICSOBJ_LENGTH", false}};
 
 double tickLength(int i) { return i % 10 == 0 ? kLong : i % 5 == 0 ? kMedium : kMinor; }
 
@@ -77,15 +77,15 @@ void Calibration::layout()
 {
     if (!m_pDocument || m_controlNodes.isEmpty())
         return;
-    const double y = HandlePos::centre(*this, 0).y() - kTop;
-    m_dLength = std::isfinite(y) ? std::max(kMinLength, std::min(kMaxLength, y)) : kMinLength;
-    const int ticks = int(std::floor((m_dLength - 2 * kMargin) / kPitch)) + 1;
+    const double y = HandlePos::centre(*this, 0).y() - kCalibrationTop;
+    m_dLength = std::isfinite(y) ? std::max(kCalibrationMinLength, std::min(kCalibrationMaxLength, y)) : kCalibrationMinLength;
+    const int ticks = int(std::floor((m_dLength - 2 * kMargin) / kCalibrationPitch)) + 1;
     // Ticks stand where their index puts them whatever the length: only those a step
     // adds need placing, and a step that adds or removes none touches no series.
     if (ticks != m_nTicks) {
         const QVector<QSvgNode *> lines = Series::fit(*this, QStringLiteral("line"), ticks);
         for (int i = std::max(1, std::min(m_nTicks, int(lines.size()))); i < lines.size(); ++i) {
-            const double at = kTop + kMargin + i * kPitch;
+            const double at = kCalibrationTop + kMargin + i * kCalibrationPitch;
             lines[i]->setNumAttribute(QStringLiteral("y1"), at);
             lines[i]->setNumAttribute(QStringLiteral("y2"), at);
             lines[i]->setNumAttribute(QStringLiteral("x2"), tickLength(i));
@@ -95,7 +95,7 @@ void Calibration::layout()
         if (numbers != before || m_nTicks == 0) {
             const QVector<QSvgNode *> texts = Series::fit(*this, QStringLiteral("text"), numbers, 0, 10);
             for (int j = m_nTicks == 0 ? 0 : std::min(before, int(texts.size())); j < texts.size(); ++j) {
-                texts[j]->setNumAttribute(QStringLiteral("y"), kTop + kMargin + j * 10 * kPitch + 4);
+                texts[j]->setNumAttribute(QStringLiteral("y"), kCalibrationTop + kMargin + j * 10 * kCalibrationPitch + 4);
                 texts[j]->setText(QString::number(j));
             }
         }
@@ -104,9 +104,9 @@ void Calibration::layout()
     if (QSvgNode *strip = m_pDocument->namedNode(QStringLiteral("strip")))
         strip->setNumAttribute(QStringLiteral("height"), m_dLength);
     if (QSvgNode *edge = m_pDocument->namedNode(QStringLiteral("edge")))
-        edge->setNumAttribute(QStringLiteral("y2"), kTop + m_dLength - 1);
+        edge->setNumAttribute(QStringLiteral("y2"), kCalibrationTop + m_dLength - 1);
     if (QSvgNode *unit = m_pDocument->namedNode(QStringLiteral("unit")))
-        unit->setNumAttribute(QStringLiteral("y"), kTop + m_dLength - 4);
+        unit->setNumAttribute(QStringLiteral("y"), kCalibrationTop + m_dLength - 4);
 }
 
 void Calibration::UpdateCombobox(bool)
@@ -132,29 +132,29 @@ bool Calibration::updateSVG(QSvgNode *node, QPointF, bool bFinal)
 
 void Calibration::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
 {
-    enclose(QRectF(-0.5, kTop - 0.5, kWidth + 1, m_dLength + 1), topLeft, bottomRight);
+    enclose(QRectF(-0.5, kCalibrationTop - 0.5, kWidth + 1, m_dLength + 1), topLeft, bottomRight);
     for (QSvgNode *h : m_controlNodes)
         enclose(h->rect(), topLeft, bottomRight);
 }
 
-void Calibration::posChangedByControl() { HandlePos::post(*this, kSlots, 0); }
+void Calibration::posChangedByControl() { HandlePos::post(*this, kCalibrationSlots, 0); }
 
-double Calibration::getControlPos() { return HandlePos::get(*this, kSlots, 0); }
+double Calibration::getControlPos() { return HandlePos::get(*this, kCalibrationSlots, 0); }
 
-void Calibration::setControlPos(double y) { HandlePos::setWithin(*this, kSlots, 0, y, m_bPosByCode); }
+void Calibration::setControlPos(double y) { HandlePos::setWithin(*this, kCalibrationSlots, 0, y, m_bPosByCode); }
 
 void Calibration::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
     m_panel.append(*this, array, 0, {{"idUnit", kUnitAttr}});
-    m_panel.append(*this, array, 1, kSlots);
+    m_panel.append(*this, array, 1, kCalibrationSlots);
 }
 
 bool Calibration::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
     PanelItems::apply(*this, values, {{"idUnit", kUnitAttr}}, bRecord, bUndo);
-    HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
+    HandlePos::setTyped(*this, values, kCalibrationSlots, m_bPosByCode);
     return true;
 }
 

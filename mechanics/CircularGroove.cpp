@@ -6,10 +6,10 @@
 
 namespace {
 
-constexpr int kShapeAttr = 5100, kColourAttr = 5101;
-constexpr double kCx = 360, kCy = 10, kMinR = 20, kMaxR = 300;
+constexpr int kShapeAttr = 5100, kCircularGrooveColourAttr = 5101;
+constexpr double kCircularGrooveCx = 360, kCircularGrooveCy = 10, kCircularGrooveMinR = 20, kCircularGrooveMaxR = 300;
 
-QString num(double v) { return SvgNumbers::format(v); }
+using SvgNumbers::format;
 
 } // namespace
 
@@ -50,7 +50,7 @@ int CircularGroove::getSVGType() { return 112; }
 void CircularGroove::ResetAtrribute()
 {
     addAttribute(kShapeAttr, 1101, 1, QStringLiteral("IDS_SVG_PHYSICAL_GROOVE_SHAPE"), 0);
-    addColour(kColourAttr, 1102, QStringLiteral("IDS_SVG_PHYSICAL_BLOCK_COLOR"), QColor(0xC8A165));
+    addColour(kCircularGrooveColourAttr, 1102, QStringLiteral("IDS_SVG_PHYSICAL_BLOCK_COLOR"), QColor(0xC8A165));
 }
 
 QByteArray CircularGroove::GetComboboxData()
@@ -70,8 +70,8 @@ double CircularGroove::margin() const { return std::max(12.0, m_dRadius * 0.18);
 QRectF CircularGroove::block() const
 {
     const double r = m_dRadius, m = margin();
-    const double left = shape() == QuarterRight ? kCx : kCx - r - m, right = shape() == QuarterLeft ? kCx : kCx + r + m;
-    return QRectF(left, kCy, right - left, r + m);
+    const double left = shape() == QuarterRight ? kCircularGrooveCx : kCircularGrooveCx - r - m, right = shape() == QuarterLeft ? kCircularGrooveCx : kCircularGrooveCx + r + m;
+    return QRectF(left, kCircularGrooveCy, right - left, r + m);
 }
 
 void CircularGroove::SVGInit(bool, bool)
@@ -96,8 +96,8 @@ void CircularGroove::setTravel()
         return;
     const double half = h->rect().width() / 2;
     const bool left = shape() == QuarterLeft;
-    h->setNumAttribute(QStringLiteral("x_from"), (left ? kCx - kMaxR : kCx + kMinR) - half);
-    h->setNumAttribute(QStringLiteral("x_to"), (left ? kCx - kMinR : kCx + kMaxR) - half);
+    h->setNumAttribute(QStringLiteral("x_from"), (left ? kCircularGrooveCx - kCircularGrooveMaxR : kCircularGrooveCx + kCircularGrooveMinR) - half);
+    h->setNumAttribute(QStringLiteral("x_to"), (left ? kCircularGrooveCx - kCircularGrooveMinR : kCircularGrooveCx + kCircularGrooveMaxR) - half);
 }
 
 void CircularGroove::layout()
@@ -105,28 +105,28 @@ void CircularGroove::layout()
     if (!m_pDocument || m_controlNodes.isEmpty())
         return;
     const double side = shape() == QuarterLeft ? -1 : 1;
-    const double r = (HandlePos::centre(*this, 0).x() - kCx) * side;
-    m_dRadius = std::isfinite(r) ? std::max(kMinR, std::min(kMaxR, r)) : kMinR;
+    const double r = (HandlePos::centre(*this, 0).x() - kCircularGrooveCx) * side;
+    m_dRadius = std::isfinite(r) ? std::max(kCircularGrooveMinR, std::min(kCircularGrooveMaxR, r)) : kCircularGrooveMinR;
     const double R = m_dRadius;
     const QRectF b = block();
     // The cut as an arc through the bottom (counter-clockwise on screen), and the block
     // round it: level top beside the rims, flat base.
     QString arc, outline;
-    const QString a = QStringLiteral("A%1,%1 0 0 0 ").arg(num(R));
+    const QString a = QStringLiteral("A%1,%1 0 0 0 ").arg(format(R));
     switch (shape()) {
     case Half:
-        arc = QStringLiteral("M%1,%2").arg(num(kCx - R), num(kCy)) + a + QStringLiteral("%1,%2").arg(num(kCx + R), num(kCy));
-        outline = QStringLiteral("M%1,%2H%3").arg(num(b.left()), num(kCy), num(kCx - R)) + arc.mid(arc.indexOf(QLatin1Char('A'))) +
-                  QStringLiteral("H%1V%2H%3Z").arg(num(b.right()), num(b.bottom()), num(b.left()));
+        arc = QStringLiteral("M%1,%2").arg(format(kCircularGrooveCx - R), format(kCircularGrooveCy)) + a + QStringLiteral("%1,%2").arg(format(kCircularGrooveCx + R), format(kCircularGrooveCy));
+        outline = QStringLiteral("M%1,%2H%3").arg(format(b.left()), format(kCircularGrooveCy), format(kCircularGrooveCx - R)) + arc.mid(arc.indexOf(QLatin1Char('A'))) +
+                  QStringLiteral("H%1V%2H%3Z").arg(format(b.right()), format(b.bottom()), format(b.left()));
         break;
     case QuarterLeft:
-        arc = QStringLiteral("M%1,%2").arg(num(kCx - R), num(kCy)) + a + QStringLiteral("%1,%2").arg(num(kCx), num(kCy + R));
-        outline = QStringLiteral("M%1,%2H%3").arg(num(b.left()), num(kCy), num(kCx - R)) + arc.mid(arc.indexOf(QLatin1Char('A'))) +
-                  QStringLiteral("V%1H%2Z").arg(num(b.bottom()), num(b.left()));
+        arc = QStringLiteral("M%1,%2").arg(format(kCircularGrooveCx - R), format(kCircularGrooveCy)) + a + QStringLiteral("%1,%2").arg(format(kCircularGrooveCx), format(kCircularGrooveCy + R));
+        outline = QStringLiteral("M%1,%2H%3").arg(format(b.left()), format(kCircularGrooveCy), format(kCircularGrooveCx - R)) + arc.mid(arc.indexOf(QLatin1Char('A'))) +
+                  QStringLiteral("V%1H%2Z").arg(format(b.bottom()), format(b.left()));
         break;
     case QuarterRight:
-        arc = QStringLiteral("M%1,%2").arg(num(kCx), num(kCy + R)) + a + QStringLiteral("%1,%2").arg(num(kCx + R), num(kCy));
-        outline = arc + QStringLiteral("H%1V%2H%3Z").arg(num(b.right()), num(b.bottom()), num(kCx));
+        arc = QStringLiteral("M%1,%2").arg(format(kCircularGrooveCx), format(kCircularGrooveCy + R)) + a + QStringLiteral("%1,%2").arg(format(kCircularGrooveCx + R), format(kCircularGrooveCy));
+        outline = arc + QStringLiteral("H%1V%2H%3Z").arg(format(b.right()), format(b.bottom()), format(kCircularGrooveCx));
         break;
     }
     for (const char *id : {"groove", "groove_shade"})
@@ -135,14 +135,14 @@ void CircularGroove::layout()
     for (const char *id : {"track", "track_shine"})
         if (QSvgNode *n = m_pDocument->namedNode(QLatin1String(id)))
             n->setAttribute(QStringLiteral("d"), arc);
-    HandlePos::placeCentre(*this, 0, QPointF(kCx + side * R, kCy));
+    HandlePos::placeCentre(*this, 0, QPointF(kCircularGrooveCx + side * R, kCircularGrooveCy));
 }
 
 void CircularGroove::UpdateColor(bool)
 {
     if (!m_pDocument)
         return;
-    const QColor c = m_attributes.value(kColourAttr).color;
+    const QColor c = m_attributes.value(kCircularGrooveColourAttr).color;
     if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("groove"))) {
         n->setFillColor(c);
         n->setStrokeColor(c.darker(190));
@@ -157,7 +157,7 @@ void CircularGroove::UpdateCombobox(bool)
     // The radius is kept: the handle goes to the rim on the shape's side.
     setTravel();
     const double side = shape() == QuarterLeft ? -1 : 1;
-    HandlePos::placeCentre(*this, 0, QPointF(kCx + side * m_dRadius, kCy));
+    HandlePos::placeCentre(*this, 0, QPointF(kCircularGrooveCx + side * m_dRadius, kCircularGrooveCy));
     layout();
     Resize(false);
     repaint();
@@ -184,8 +184,8 @@ void CircularGroove::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    m_panel.append(*this, array, 0, {{"idGrooveShape", kShapeAttr}, {"idBlockColor", kColourAttr}});
-    const QString p = QString::number(HandlePos::percentOf(m_dRadius, kMinR, kMaxR));
+    m_panel.append(*this, array, 0, {{"idGrooveShape", kShapeAttr}, {"idBlockColor", kCircularGrooveColourAttr}});
+    const QString p = QString::number(HandlePos::percentOf(m_dRadius, kCircularGrooveMinR, kCircularGrooveMaxR));
     m_panel.append(array, 2, p, [this, p] {
         return m_pOwner->GetSettingJsonInput(QStringLiteral("idRadius"), QStringLiteral("IDS_PHYSICSOBJ_RADIUS"), p,
                                              QStringLiteral("int"), QStringLiteral("0"), QStringLiteral("100"), QString());
@@ -194,12 +194,12 @@ void CircularGroove::GetSettingArray(QJsonArray &array)
 
 bool CircularGroove::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    PanelItems::apply(*this, values, {{"idGrooveShape", kShapeAttr}, {"idBlockColor", kColourAttr}}, bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idGrooveShape", kShapeAttr}, {"idBlockColor", kCircularGrooveColourAttr}}, bRecord, bUndo);
     double p = 0;
     if (HandlePos::typedNumber(values, QStringLiteral("idRadius"), 0, 100, true, p) && !m_controlNodes.isEmpty()) {
-        const double r = kMinR + (kMaxR - kMinR) * p / 100, side = shape() == QuarterLeft ? -1 : 1;
+        const double r = kCircularGrooveMinR + (kCircularGrooveMaxR - kCircularGrooveMinR) * p / 100, side = shape() == QuarterLeft ? -1 : 1;
         const QRectF h = m_controlNodes.first()->rect();
-        HandlePos::moveTo(*this, 0, QPointF(kCx + side * r - h.width() / 2, h.y()), m_bPosByCode);
+        HandlePos::moveTo(*this, 0, QPointF(kCircularGrooveCx + side * r - h.width() / 2, h.y()), m_bPosByCode);
     }
     return true;
 }

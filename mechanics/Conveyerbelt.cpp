@@ -7,18 +7,18 @@
 
 namespace {
 
-constexpr int kDirectionAttr = 5100, kColourAttr = 5101;
-constexpr double kCx = 40, kCy = 60;
-constexpr double kMinD = 80, kMaxD = 1000, kMinR = 10, kMaxR = 35;
+constexpr int kDirectionAttr = 5100, kConveyerbeltColourAttr = 5101;
+constexpr double kConveyerbeltCx = 40, kConveyerbeltCy = 60;
+constexpr double kMinD = 80, kMaxD = 1000, kConveyerbeltMinR = 10, kConveyerbeltMaxR = 35;
 constexpr double kBelt = 4;          // the belt's thickness
 constexpr double kArrowPitch = 100;  // centre distance per arrow
 
-const HandlePos::Slot kSlots[] = {
+const HandlePos::Slot kConveyerbeltSlots[] = {
     {0, HandlePos::X, "idLength", "IDS_PHYSICSOBJ_LENGTH", false},
     {1, HandlePos::Y, "idRadius", "IDS_PHYSICSOBJ_RADIUS", true},
 };
 
-QString num(double v) { return SvgNumbers::format(v); }
+using SvgNumbers::format;
 
 } // namespace
 
@@ -69,7 +69,7 @@ int Conveyerbelt::getSVGType() { return 103; }
 void Conveyerbelt::ResetAtrribute()
 {
     addAttribute(kDirectionAttr, 1101, 1, QStringLiteral("IDS_SVG_PHYSICAL_DIRECTION"), 1);
-    addColour(kColourAttr, 1102, QStringLiteral("IDS_SVG_PHYSICAL_BELT_COLOR"), QColor(0x3C3C3C));
+    addColour(kConveyerbeltColourAttr, 1102, QStringLiteral("IDS_SVG_PHYSICAL_BELT_COLOR"), QColor(0x3C3C3C));
 }
 
 QByteArray Conveyerbelt::GetComboboxData()
@@ -99,11 +99,11 @@ void Conveyerbelt::layout()
     if (!m_pDocument || m_controlNodes.size() < 2)
         return;
     auto held = [](double v, double lo, double hi) { return std::isfinite(v) ? std::max(lo, std::min(hi, v)) : lo; };
-    m_dDistance = held(HandlePos::centre(*this, 0).x() - kCx, kMinD, kMaxD);
-    m_dRadius = held(kCy - HandlePos::centre(*this, 1).y(), kMinR, kMaxR);
-    const double d = m_dDistance, r = m_dRadius, right = kCx + d;
+    m_dDistance = held(HandlePos::centre(*this, 0).x() - kConveyerbeltCx, kMinD, kMaxD);
+    m_dRadius = held(kConveyerbeltCy - HandlePos::centre(*this, 1).y(), kConveyerbeltMinR, kConveyerbeltMaxR);
+    const double d = m_dDistance, r = m_dRadius, right = kConveyerbeltCx + d;
     if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("roller_2")))
-        n->setAttribute(QStringLiteral("transform"), QStringLiteral("translate(%1,%2)").arg(num(right), num(kCy)));
+        n->setAttribute(QStringLiteral("transform"), QStringLiteral("translate(%1,%2)").arg(format(right), format(kConveyerbeltCy)));
     for (int k = 1; k <= 2; ++k) {
         if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("drum_%1").arg(k)))
             n->setNumAttribute(QStringLiteral("r"), r);
@@ -117,26 +117,26 @@ void Conveyerbelt::layout()
     const double b = r + kBelt / 2;
     if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("belt")))
         n->setAttribute(QStringLiteral("d"), QStringLiteral("M%1,%2H%3A%4,%4 0 0 1 %3,%5H%1A%4,%4 0 0 1 %1,%2Z")
-                                                 .arg(num(kCx), num(kCy - b), num(right), num(b), num(kCy + b)));
+                                                 .arg(format(kConveyerbeltCx), format(kConveyerbeltCy - b), format(right), format(b), format(kConveyerbeltCy + b)));
     // One arrow per 100 of centre distance, spread along the top run.
     const int count = std::max(1, int(std::floor(d / kArrowPitch)));
     const QVector<QSvgNode *> arrows = Series::fit(*this, QStringLiteral("arrow"), count);
     const QString flip = direction() == 2 ? QStringLiteral(" scale(-1,1)") : QString();
     for (int k = 0; k < arrows.size(); ++k) {
         arrows[k]->setAttribute(QStringLiteral("transform"),
-                                QStringLiteral("translate(%1,%2)").arg(num(kCx + d * (k + 0.5) / arrows.size()),
-                                                                       num(kCy - b - kBelt / 2 - 8)) + flip);
+                                QStringLiteral("translate(%1,%2)").arg(format(kConveyerbeltCx + d * (k + 0.5) / arrows.size()),
+                                                                       format(kConveyerbeltCy - b - kBelt / 2 - 8)) + flip);
         arrows[k]->setVisible(direction() == 1 || direction() == 2);
         arrows[k]->setFillEnabled(false);
     }
-    HandlePos::placeCentre(*this, 0, QPointF(right, kCy));
-    HandlePos::placeCentre(*this, 1, QPointF(kCx, kCy - r));
+    HandlePos::placeCentre(*this, 0, QPointF(right, kConveyerbeltCy));
+    HandlePos::placeCentre(*this, 1, QPointF(kConveyerbeltCx, kConveyerbeltCy - r));
 }
 
 void Conveyerbelt::UpdateColor(bool)
 {
     if (QSvgNode *n = m_pDocument ? m_pDocument->namedNode(QStringLiteral("belt")) : nullptr)
-        n->setStrokeColor(m_attributes.value(kColourAttr).color);
+        n->setStrokeColor(m_attributes.value(kConveyerbeltColourAttr).color);
     repaint();
 }
 
@@ -160,7 +160,7 @@ void Conveyerbelt::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight
 {
     // The belt round both rollers, the arrows above it, and the handles.
     const double b = m_dRadius + kBelt;
-    enclose(QRectF(kCx - b, kCy - b - 14, m_dDistance + 2 * b, 2 * b + 14), topLeft, bottomRight);
+    enclose(QRectF(kConveyerbeltCx - b, kConveyerbeltCy - b - 14, m_dDistance + 2 * b, 2 * b + 14), topLeft, bottomRight);
     for (QSvgNode *h : m_controlNodes)
         enclose(h->rect(), topLeft, bottomRight);
 }
@@ -169,14 +169,14 @@ void Conveyerbelt::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    m_panel.append(*this, array, 0, {{"idBeltDirection", kDirectionAttr}, {"idBeltColor", kColourAttr}});
-    m_panel.append(*this, array, 2, kSlots);
+    m_panel.append(*this, array, 0, {{"idBeltDirection", kDirectionAttr}, {"idBeltColor", kConveyerbeltColourAttr}});
+    m_panel.append(*this, array, 2, kConveyerbeltSlots);
 }
 
 bool Conveyerbelt::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    PanelItems::apply(*this, values, {{"idBeltDirection", kDirectionAttr}, {"idBeltColor", kColourAttr}}, bRecord, bUndo);
-    HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
+    PanelItems::apply(*this, values, {{"idBeltDirection", kDirectionAttr}, {"idBeltColor", kConveyerbeltColourAttr}}, bRecord, bUndo);
+    HandlePos::setTyped(*this, values, kConveyerbeltSlots, m_bPosByCode);
     return true;
 }
 

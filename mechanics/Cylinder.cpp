@@ -7,22 +7,22 @@
 
 namespace {
 
-constexpr int kRangeAttr = 5100, kColourAttr = 5101;
+constexpr int kCylinderRangeAttr = 5100, kCylinderColourAttr = 5101;
 // Inside the glass: walls at x 24 and 68, the empty mark at y 260, full 200 above it.
-constexpr double kLeft = 24, kRight = 68, kEmptyY = 260;
-constexpr double kCentreX = (kLeft + kRight) / 2;
+constexpr double kCylinderLeft = 24, kRight = 68, kEmptyY = 260;
+constexpr double kCentreX = (kCylinderLeft + kRight) / 2;
 // The meniscus climbs the walls this far above its bottom.
 constexpr double kMeniscusRise = 4;
-constexpr double kTickX = 28;
+constexpr double kCylinderTickX = 28;
 constexpr LinearScale::PointerHandle kMeniscus{kEmptyY, -1};
 
-struct Range {
+struct CylinderRange {
     int capacity;
     int division;  // millilitres per tick
 };
-constexpr Range kRanges[] = {{50, 1}, {100, 1}, {250, 5}};
+constexpr CylinderRange kCylinderRanges[] = {{50, 1}, {100, 1}, {250, 5}};
 
-QString num(double v) { return SvgNumbers::format(v); }
+using SvgNumbers::format;
 
 } // namespace
 
@@ -83,9 +83,9 @@ int Cylinder::getSVGType() { return 302; }
 
 void Cylinder::ResetAtrribute()
 {
-    addAttribute(kRangeAttr, 1101, 1, QStringLiteral("IDS_SVG_PHYSICAL_RANGE"), 1);
-    addAttribute(kColourAttr, 1102, 3, QStringLiteral("IDS_SVG_PHYSICAL_LIQUID_COLOR"));
-    m_attributes[kColourAttr].color = QColor(0x3A, 0x7B, 0xD5);
+    addAttribute(kCylinderRangeAttr, 1101, 1, QStringLiteral("IDS_SVG_PHYSICAL_RANGE"), 1);
+    addAttribute(kCylinderColourAttr, 1102, 3, QStringLiteral("IDS_SVG_PHYSICAL_LIQUID_COLOR"));
+    m_attributes[kCylinderColourAttr].color = QColor(0x3A, 0x7B, 0xD5);
 }
 
 QByteArray Cylinder::GetComboboxData() { return LinearScale::rangeChoices(); }
@@ -93,7 +93,7 @@ QByteArray Cylinder::GetComboboxData() { return LinearScale::rangeChoices(); }
 LinearScale::Reading Cylinder::readingOf(int range) const
 {
     // Read to half a division: 0.5 mL, or 2.5 mL on the 250 mL cylinder.
-    const Range &r = kRanges[qBound(0, range, 2)];
+    const CylinderRange &r = kCylinderRanges[qBound(0, range, 2)];
     LinearScale::Reading reading;
     reading.length = kScaleHeight;
     reading.full = r.capacity;
@@ -102,7 +102,7 @@ LinearScale::Reading Cylinder::readingOf(int range) const
     return reading;
 }
 
-LinearScale::Reading Cylinder::reading() const { return readingOf(m_attributes.value(kRangeAttr).intValue); }
+LinearScale::Reading Cylinder::reading() const { return readingOf(m_attributes.value(kCylinderRangeAttr).intValue); }
 
 double Cylinder::capacity() const { return reading().full; }
 
@@ -126,11 +126,11 @@ void Cylinder::SVGInit(bool, bool)
 
 void Cylinder::layScale()
 {
-    const int range = qBound(0, m_attributes.value(kRangeAttr).intValue, 2);
-    const Range &r = kRanges[range];
+    const int range = qBound(0, m_attributes.value(kCylinderRangeAttr).intValue, 2);
+    const CylinderRange &r = kCylinderRanges[range];
     LinearScale::Ticks ticks;
     ticks.count = r.capacity / r.division + 1;
-    ticks.zero = QPointF(kTickX, kEmptyY);
+    ticks.zero = QPointF(kCylinderTickX, kEmptyY);
     ticks.pitch = QPointF(0, -kScaleHeight / (ticks.count - 1));
     ticks.shortLength = 9;
     ticks.mediumLength = 14;
@@ -143,7 +143,7 @@ void Cylinder::layScale()
 
 void Cylinder::UpdateCombobox(bool)
 {
-    const int range = qBound(0, m_attributes.value(kRangeAttr).intValue, 2);
+    const int range = qBound(0, m_attributes.value(kCylinderRangeAttr).intValue, 2);
     QSvgNode *h = m_controlNodes.value(0);
     // Another cylinder holds the same liquid where it fits: the volume stays, read to the
     // new half division; what does not fit fills it.
@@ -161,7 +161,7 @@ void Cylinder::UpdateColor(bool)
 {
     if (!m_pDocument)
         return;
-    const QColor c = m_attributes.value(kColourAttr).color;
+    const QColor c = m_attributes.value(kCylinderColourAttr).color;
     if (QSvgNode *liquid = m_pDocument->namedNode(QStringLiteral("liquid")))
         liquid->setFillColor(c);
     if (QSvgNode *surface = m_pDocument->namedNode(QStringLiteral("surface")))
@@ -183,11 +183,11 @@ void Cylinder::layout()
     // The surface dips to its bottom in the middle and climbs both walls.
     const double wall = m - std::min(kMeniscusRise, std::max(0.0, h));
     const QString curve = QStringLiteral("C%1,%2 %3,%4 %5,%4 C%6,%4 %7,%2 %7,%8")
-                              .arg(num(kLeft), num(wall + 0.75 * (m - wall)), num(kCentreX - 10), num(m), num(kCentreX),
-                                   num(kCentreX + 10), num(kRight), num(wall));
-    surface->setAttribute(QStringLiteral("d"), QStringLiteral("M%1,%2 ").arg(num(kLeft), num(wall)) + curve);
-    liquid->setAttribute(QStringLiteral("d"), QStringLiteral("M%1,%2 V%3 ").arg(num(kLeft), num(kEmptyY), num(wall)) + curve +
-                                                  QStringLiteral(" V%1 Z").arg(num(kEmptyY)));
+                              .arg(format(kCylinderLeft), format(wall + 0.75 * (m - wall)), format(kCentreX - 10), format(m), format(kCentreX),
+                                   format(kCentreX + 10), format(kRight), format(wall));
+    surface->setAttribute(QStringLiteral("d"), QStringLiteral("M%1,%2 ").arg(format(kCylinderLeft), format(wall)) + curve);
+    liquid->setAttribute(QStringLiteral("d"), QStringLiteral("M%1,%2 V%3 ").arg(format(kCylinderLeft), format(kEmptyY), format(wall)) + curve +
+                                                  QStringLiteral(" V%1 Z").arg(format(kEmptyY)));
     const bool some = h > 0;
     liquid->setVisible(some);
     surface->setVisible(some);
@@ -198,7 +198,7 @@ bool Cylinder::updateSVG(QSvgNode *node, QPointF offset, bool bFinal)
     if (!node || node != m_controlNodes.value(0))
         return false;
     const ShownValues::Texts before = m_shown;
-    if (m_nScaleRange != qBound(0, m_attributes.value(kRangeAttr).intValue, 2))
+    if (m_nScaleRange != qBound(0, m_attributes.value(kCylinderRangeAttr).intValue, 2))
         layScale();
     // A drag comes to rest on the volume it shows: the meniscus stands at its reading.
     if (bFinal && !m_bByCode && !isLoading())
@@ -222,16 +222,16 @@ void Cylinder::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    LinearScale::appendRange(*this, array, kRangeAttr);
+    LinearScale::appendRange(*this, array, kCylinderRangeAttr);
     array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idVolume"), QStringLiteral("IDS_PHYSICSOBJ_VOLUME"), volumeText(),
                                                QStringLiteral("float"), QStringLiteral("0"), QString::number(capacity()),
                                                QStringLiteral("mL")));
-    PanelItems::append(*this, array, {{"idLiquidColor", kColourAttr}});
+    PanelItems::append(*this, array, {{"idLiquidColor", kCylinderColourAttr}});
 }
 
 bool Cylinder::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    PanelItems::apply(*this, values, {{"idRange", kRangeAttr}, {"idLiquidColor", kColourAttr}}, bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idRange", kCylinderRangeAttr}, {"idLiquidColor", kCylinderColourAttr}}, bRecord, bUndo);
     // A typed volume is read to the half division, and the level moves to it.
     kMeniscus.typed(*this, values, QStringLiteral("idVolume"), reading(), m_bByCode);
     return true;

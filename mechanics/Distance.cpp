@@ -7,9 +7,9 @@
 
 namespace {
 
-constexpr int kColourAttr = 5100, kDashedAttr = 5101, kEndStyleAttr = 5102;
+constexpr int kDistanceColourAttr = 5100, kDistanceDashedAttr = 5101, kEndStyleAttr = 5102;
 enum EndStyle { ArrowsAndBars, ArrowsOnly, BarsOnly };
-constexpr double kBarHalf = 8, kHeadLength = 10, kHeadHalfWidth = 3.5, kLabelOffset = 10;
+constexpr double kBarHalf = 8, kDistanceHeadLength = 10, kDistanceHeadHalfWidth = 3.5, kLabelOffset = 10;
 
 void setLine(QSvgNode *n, QPointF a, QPointF b)
 {
@@ -26,7 +26,7 @@ void setHead(QSvgNode *n, QPointF tip, QPointF dir)
 {
     if (!n || n->type() != QSvgNode::Polygon)
         return;
-    const QPointF back = tip - dir * kHeadLength, side(-dir.y() * kHeadHalfWidth, dir.x() * kHeadHalfWidth);
+    const QPointF back = tip - dir * kDistanceHeadLength, side(-dir.y() * kDistanceHeadHalfWidth, dir.x() * kDistanceHeadHalfWidth);
     static_cast<QSvgPolygon *>(n)->setPoints({tip, back + side, back - side});
 }
 
@@ -69,9 +69,9 @@ QString CDistance::getPropName(int id)
 
 void CDistance::ResetAtrribute()
 {
-    addAttribute(kColourAttr, 1101, 3, QStringLiteral("IDS_SVG_PHYSICAL_LINE_COLOR"));
-    m_attributes[kColourAttr].color = QColor(0, 0, 0);
-    addAttribute(kDashedAttr, 1102, 0, QStringLiteral("IDS_SVG_PHYSICAL_DASHED"));
+    addAttribute(kDistanceColourAttr, 1101, 3, QStringLiteral("IDS_SVG_PHYSICAL_LINE_COLOR"));
+    m_attributes[kDistanceColourAttr].color = QColor(0, 0, 0);
+    addAttribute(kDistanceDashedAttr, 1102, 0, QStringLiteral("IDS_SVG_PHYSICAL_DASHED"));
     addAttribute(kEndStyleAttr, 1103, 1, QStringLiteral("IDS_SVG_PHYSICAL_END_STYLE"), ArrowsAndBars);
 }
 
@@ -94,7 +94,7 @@ void CDistance::UpdateColor(bool)
 {
     if (!m_pDocument)
         return;
-    const QColor c = m_attributes.value(kColourAttr).color;
+    const QColor c = m_attributes.value(kDistanceColourAttr).color;
     for (const char *id : {"line", "end_1", "end_2"})
         if (QSvgNode *n = m_pDocument->namedNode(QLatin1String(id)))
             n->setStrokeColor(c);
@@ -107,7 +107,7 @@ void CDistance::UpdateColor(bool)
 void CDistance::UpdateCheckBox(bool)
 {
     if (QSvgNode *line = m_pDocument ? m_pDocument->namedNode(QStringLiteral("line")) : nullptr) {
-        if (m_attributes.value(kDashedAttr).boolValue)
+        if (m_attributes.value(kDistanceDashedAttr).boolValue)
             line->setAttribute(QStringLiteral("stroke-dasharray"), QStringLiteral("6 4"));
         else
             line->removeAttribute(QStringLiteral("stroke-dasharray"));
@@ -176,7 +176,7 @@ void CDistance::GetSettingArray(QJsonArray &array)
         return;
     array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idLabelText"), QStringLiteral("IDS_PHYSICSOBJ_LABEL_TEXT"),
                                                m_strLabel, QStringLiteral("text"), QString(), QString(), QString()));
-    PanelItems::append(*this, array, {{"idLineColor", kColourAttr}, {"idDashed", kDashedAttr}, {"idEndStyle", kEndStyleAttr}});
+    PanelItems::append(*this, array, {{"idLineColor", kDistanceColourAttr}, {"idDashed", kDistanceDashedAttr}, {"idEndStyle", kEndStyleAttr}});
 }
 
 bool CDistance::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
@@ -188,7 +188,7 @@ bool CDistance::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bo
         Resize(true);
         repaint();
     }
-    PanelItems::apply(*this, values, {{"idLineColor", kColourAttr}, {"idDashed", kDashedAttr}, {"idEndStyle", kEndStyleAttr}},
+    PanelItems::apply(*this, values, {{"idLineColor", kDistanceColourAttr}, {"idDashed", kDistanceDashedAttr}, {"idEndStyle", kEndStyleAttr}},
                       bRecord, bUndo);
     return true;
 }

@@ -6,12 +6,12 @@
 namespace {
 
 constexpr int kSurfaceAttr = 5100;
-constexpr double kLeft = 0, kBottom = 70;
-constexpr double kMinLength = 60, kMaxLength = 1000, kMinThickness = 6, kMaxThickness = 60;
+constexpr double kFlatBoardLeft = 0, kFlatBoardBottom = 70;
+constexpr double kFlatBoardMinLength = 60, kFlatBoardMaxLength = 1000, kMinThickness = 6, kMaxThickness = 60;
 // The cloth's hatch leans this much either way (tan 40°).
 constexpr double kHatchLean = 0.83909963117728;
 
-const HandlePos::Slot kSlots[] = {
+const HandlePos::Slot kFlatBoardSlots[] = {
     {0, HandlePos::X, "idLength", "IDS_PHYSICSOBJ_LENGTH", false},
     {1, HandlePos::Y, "idThickness", "IDS_PHYSICSOBJ_THICKNESS", true},
 };
@@ -103,9 +103,9 @@ void CFlatBoard::layout()
 {
     if (!m_pDocument || m_controlNodes.size() < 2)
         return;
-    m_dLength = clamp(HandlePos::centre(*this, 0).x() - kLeft, kMinLength, kMaxLength);
-    m_dThickness = clamp(kBottom - HandlePos::centre(*this, 1).y(), kMinThickness, kMaxThickness);
-    const double len = m_dLength, t = m_dThickness, top = kBottom - t;
+    m_dLength = clamp(HandlePos::centre(*this, 0).x() - kFlatBoardLeft, kFlatBoardMinLength, kFlatBoardMaxLength);
+    m_dThickness = clamp(kFlatBoardBottom - HandlePos::centre(*this, 1).y(), kMinThickness, kMaxThickness);
+    const double len = m_dLength, t = m_dThickness, top = kFlatBoardBottom - t;
     const double strip = std::min(3.5, t * 0.3);
     auto set = [this](const char *id, std::initializer_list<std::pair<const char *, double>> values) {
         if (QSvgNode *n = m_pDocument->namedNode(QLatin1String(id)))
@@ -115,22 +115,22 @@ void CFlatBoard::layout()
     set("board", {{"y", top}, {"width", len}, {"height", t}});
     set("surface", {{"y", top + 0.5}, {"width", len - 1}, {"height", strip}});
     const double below = t - strip - 0.5;
-    set("grain_1", {{"y1", top + strip + below * 0.35}, {"y2", top + strip + below * 0.35}, {"x2", kLeft + len - 3}});
-    set("grain_2", {{"y1", top + strip + below * 0.7}, {"y2", top + strip + below * 0.7}, {"x2", kLeft + len - 3}});
+    set("grain_1", {{"y1", top + strip + below * 0.35}, {"y2", top + strip + below * 0.35}, {"x2", kFlatBoardLeft + len - 3}});
+    set("grain_2", {{"y1", top + strip + below * 0.7}, {"y2", top + strip + below * 0.7}, {"x2", kFlatBoardLeft + len - 3}});
     const double glossY = top + 0.5 + std::min(0.8, strip * 0.3);
-    set("gloss", {{"y1", glossY}, {"y2", glossY}, {"x2", kLeft + len - 1.5}});
+    set("gloss", {{"y1", glossY}, {"y2", glossY}, {"x2", kFlatBoardLeft + len - 1.5}});
     // The hatch lines are sheared about the strip's top: their ends are set back so that
     // the sheared stripes stay within the strip.
     const double lean = strip * kHatchLean;
     set("hatch_a_line", {{"y1", strip / 2}, {"y2", strip / 2}, {"x2", len - 1 - lean}, {"stroke-width", strip}});
     set("hatch_b_line", {{"x1", lean}, {"y1", strip / 2}, {"y2", strip / 2}, {"x2", len - 1}, {"stroke-width", strip}});
-    const QString at = QStringLiteral("translate(%1,%2) ").arg(SvgNumbers::format(kLeft + 0.5), SvgNumbers::format(top + 0.5));
+    const QString at = QStringLiteral("translate(%1,%2) ").arg(SvgNumbers::format(kFlatBoardLeft + 0.5), SvgNumbers::format(top + 0.5));
     if (QSvgNode *g = m_pDocument->namedNode(QStringLiteral("hatch_a")))
         g->setAttribute(QStringLiteral("transform"), at + QStringLiteral("skewX(40)"));
     if (QSvgNode *g = m_pDocument->namedNode(QStringLiteral("hatch_b")))
         g->setAttribute(QStringLiteral("transform"), at + QStringLiteral("skewX(-40)"));
-    HandlePos::placeCentre(*this, 0, QPointF(kLeft + len, kBottom - t / 2));
-    HandlePos::placeCentre(*this, 1, QPointF(kLeft + len / 2, top));
+    HandlePos::placeCentre(*this, 0, QPointF(kFlatBoardLeft + len, kFlatBoardBottom - t / 2));
+    HandlePos::placeCentre(*this, 1, QPointF(kFlatBoardLeft + len / 2, top));
 }
 
 void CFlatBoard::UpdateCombobox(bool)
@@ -163,16 +163,16 @@ bool CFlatBoard::updateSVG(QSvgNode *node, QPointF, bool bFinal)
 void CFlatBoard::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
 {
     // The plank with its outline, and the handles that may stand past it.
-    enclose(QRectF(kLeft - 0.5, kBottom - m_dThickness - 0.5, m_dLength + 1, m_dThickness + 1), topLeft, bottomRight);
+    enclose(QRectF(kFlatBoardLeft - 0.5, kFlatBoardBottom - m_dThickness - 0.5, m_dLength + 1, m_dThickness + 1), topLeft, bottomRight);
     for (QSvgNode *h : m_controlNodes)
         enclose(h->rect(), topLeft, bottomRight);
 }
 
-void CFlatBoard::posChangedByControl(int index) { HandlePos::post(*this, kSlots, index); }
+void CFlatBoard::posChangedByControl(int index) { HandlePos::post(*this, kFlatBoardSlots, index); }
 
-double CFlatBoard::getControlPos(int index) { return HandlePos::get(*this, kSlots, index); }
+double CFlatBoard::getControlPos(int index) { return HandlePos::get(*this, kFlatBoardSlots, index); }
 
-void CFlatBoard::setControlPos(int index, double pos) { HandlePos::setWithin(*this, kSlots, index, pos, m_bPosByCode); }
+void CFlatBoard::setControlPos(int index, double pos) { HandlePos::setWithin(*this, kFlatBoardSlots, index, pos, m_bPosByCode); }
 
 void CFlatBoard::GetSettingArray(QJsonArray &array)
 {
@@ -181,13 +181,13 @@ void CFlatBoard::GetSettingArray(QJsonArray &array)
     m_panel.append(array, 0, surface(), [this] {
         return attributeItem(kSurfaceAttr, QStringLiteral("idSurface"), QStringLiteral("IDS_PHYSICSOBJ_SURFACE"));
     });
-    m_panel.append(*this, array, 1, kSlots);
+    m_panel.append(*this, array, 1, kFlatBoardSlots);
 }
 
 bool CFlatBoard::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
     applyAttributeItems(values, {{QStringLiteral("idSurface"), kSurfaceAttr}}, bRecord, bUndo);
-    HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
+    HandlePos::setTyped(*this, values, kFlatBoardSlots, m_bPosByCode);
     return true;
 }
 

@@ -8,12 +8,11 @@
 
 namespace {
 
-constexpr int kColourAttr = 5100, kDashedAttr = 5101, kShowValueAttr = 5102;
-constexpr double kPi = 3.141592653589793;
+constexpr int kForceColourAttr = 5100, kForceDashedAttr = 5101, kShowValueAttr = 5102;
 // The point of application, in the template's units.
 constexpr double kTailX = 12, kTailY = 30;
 // The head at full size: length, half-width, and how far back its notch is.
-constexpr double kHeadLength = 16, kHeadHalfWidth = 6.5, kHeadNotch = 12;
+constexpr double kForceHeadLength = 16, kForceHeadHalfWidth = 6.5, kHeadNotch = 12;
 constexpr double kLabelGap = 5;
 
 } // namespace
@@ -52,9 +51,9 @@ QString CForce::getPropName(int id)
 
 void CForce::ResetAtrribute()
 {
-    addAttribute(kColourAttr, 1101, 3, QStringLiteral("IDS_SVG_PHYSICAL_ARROW_COLOR"));
-    m_attributes[kColourAttr].color = QColor(0xE0, 0x20, 0x20);
-    addAttribute(kDashedAttr, 1102, 0, QStringLiteral("IDS_SVG_PHYSICAL_DASHED"));
+    addAttribute(kForceColourAttr, 1101, 3, QStringLiteral("IDS_SVG_PHYSICAL_ARROW_COLOR"));
+    m_attributes[kForceColourAttr].color = QColor(0xE0, 0x20, 0x20);
+    addAttribute(kForceDashedAttr, 1102, 0, QStringLiteral("IDS_SVG_PHYSICAL_DASHED"));
     addAttribute(kShowValueAttr, 1103, 0, QStringLiteral("IDS_SVG_PHYSICAL_SHOW_VALUE"));
 }
 
@@ -70,7 +69,7 @@ void CForce::UpdateColor(bool)
 {
     if (!m_pDocument)
         return;
-    const QColor c = m_attributes.value(kColourAttr).color;
+    const QColor c = m_attributes.value(kForceColourAttr).color;
     for (const char *id : {"tail", "head", "name"})
         if (QSvgNode *n = m_pDocument->namedNode(QLatin1String(id)))
             n->setFillColor(c);
@@ -83,7 +82,7 @@ void CForce::UpdateColor(bool)
 void CForce::UpdateCheckBox(bool)
 {
     if (QSvgNode *shaft = m_pDocument ? m_pDocument->namedNode(QStringLiteral("shaft")) : nullptr) {
-        if (m_attributes.value(kDashedAttr).boolValue)
+        if (m_attributes.value(kForceDashedAttr).boolValue)
             shaft->setAttribute(QStringLiteral("stroke-dasharray"), QStringLiteral("8 5"));
         else
             shaft->removeAttribute(QStringLiteral("stroke-dasharray"));
@@ -136,18 +135,18 @@ void CForce::layout()
     if (QSvgNode *arrow = m_pDocument->namedNode(QStringLiteral("arrow")))
         arrow->setNumAttribute(QStringLiteral("rotate_angle"), -m_dAngle);
     // A short arrow keeps its proportions: the head never takes more than half of it.
-    const double s = std::min(1.0, m_dLength / (2 * kHeadLength));
+    const double s = std::min(1.0, m_dLength / (2 * kForceHeadLength));
     const double tipX = t.x() + m_dLength;
     if (QSvgNode *shaft = m_pDocument->namedNode(QStringLiteral("shaft")))
         shaft->setNumAttribute(QStringLiteral("x2"), tipX - kHeadNotch * s);
     if (QSvgNode *head = m_pDocument->namedNode(QStringLiteral("head")); head && head->type() == QSvgNode::Polygon)
         static_cast<QSvgPolygon *>(head)->setPoints({QPointF(tipX, t.y()),
-                                                     QPointF(tipX - kHeadLength * s, t.y() - kHeadHalfWidth * s),
+                                                     QPointF(tipX - kForceHeadLength * s, t.y() - kForceHeadHalfWidth * s),
                                                      QPointF(tipX - kHeadNotch * s, t.y()),
-                                                     QPointF(tipX - kHeadLength * s, t.y() + kHeadHalfWidth * s)});
+                                                     QPointF(tipX - kForceHeadLength * s, t.y() + kForceHeadHalfWidth * s)});
     if (QSvgNode *name = m_pDocument->namedNode(QStringLiteral("name"))) {
         name->setText(labelText());
-        const double r = m_dAngle * kPi / 180;
+        const double r = m_dAngle * M_PI / 180;
         const QPointF dir(std::cos(r), -std::sin(r));
         UprightText::placeBeyond(name, t + dir * m_dLength, dir, kLabelGap);
     }
@@ -178,7 +177,7 @@ void CForce::GetSettingArray(QJsonArray &array)
     array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idAngle"), QStringLiteral("IDS_PHYSICSOBJ_ANGLE"),
                                                QString::number(HandlePos::shownDegrees(m_dAngle)), QStringLiteral("int"),
                                                QStringLiteral("-180"), QStringLiteral("180"), QStringLiteral("°")));
-    PanelItems::append(*this, array, {{"idArrowColor", kColourAttr}, {"idDashed", kDashedAttr}, {"idShowValue", kShowValueAttr}});
+    PanelItems::append(*this, array, {{"idArrowColor", kForceColourAttr}, {"idDashed", kForceDashedAttr}, {"idShowValue", kShowValueAttr}});
 }
 
 bool CForce::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
@@ -190,7 +189,7 @@ bool CForce::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool 
         Resize(true);
         repaint();
     }
-    PanelItems::apply(*this, values, {{"idArrowColor", kColourAttr}, {"idDashed", kDashedAttr}, {"idShowValue", kShowValueAttr}},
+    PanelItems::apply(*this, values, {{"idArrowColor", kForceColourAttr}, {"idDashed", kForceDashedAttr}, {"idShowValue", kShowValueAttr}},
                       bRecord, bUndo);
     // A typed magnitude keeps the direction; a typed direction keeps the magnitude.
     double newtons = 0;

@@ -7,10 +7,10 @@
 
 namespace {
 
-constexpr int kCountAttr = 5100, kMassAttr = 5101;
+constexpr int kHookCodeCountAttr = 5100, kMassAttr = 5101;
 constexpr int kMaxCount = 6;
 // The stack hangs from the hook: its top at kStackTop, on the hanger's axis.
-constexpr double kAxisX = 40, kStackTop = 30, kPlate = 4;
+constexpr double kAxisX = 40, kStackTop = 30, kHookCodePlate = 4;
 
 struct Disc {
     int grams;
@@ -62,7 +62,7 @@ int CHookCode::getSVGType() { return 207; }
 
 void CHookCode::ResetAtrribute()
 {
-    addAttribute(kCountAttr, 1101, 1, QStringLiteral("IDS_SVG_PHYSICAL_COUNT"), 1);
+    addAttribute(kHookCodeCountAttr, 1101, 1, QStringLiteral("IDS_SVG_PHYSICAL_COUNT"), 1);
     // The second combo box has options of its own: the masses' property item shows them,
     // not the count's.
     addCombo(kMassAttr, 1102, QStringLiteral("IDS_SVG_PHYSICAL_MASS_EACH"), 1,
@@ -81,7 +81,7 @@ QByteArray CHookCode::GetComboboxData()
     return data;
 }
 
-int CHookCode::count() const { return qBound(0, m_attributes.value(kCountAttr).intValue, kMaxCount - 1) + 1; }
+int CHookCode::count() const { return qBound(0, m_attributes.value(kHookCodeCountAttr).intValue, kMaxCount - 1) + 1; }
 
 int CHookCode::gramsEach() const { return kDiscs[qBound(0, m_attributes.value(kMassAttr).intValue, 2)].grams; }
 
@@ -139,7 +139,7 @@ void CHookCode::layout()
     if (QSvgNode *label = m_pDocument->namedNode(QStringLiteral("mass_label"))) {
         label->setText(totalText());
         label->setNumAttribute(x, left + disc.width + 8);
-        label->setNumAttribute(y, (kStackTop + bottom + kPlate) / 2 + 4.3);
+        label->setNumAttribute(y, (kStackTop + bottom + kHookCodePlate) / 2 + 4.3);
     }
 }
 
@@ -151,12 +151,12 @@ void CHookCode::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
 
 void CHookCode::GetSettingArray(QJsonArray &array)
 {
-    PanelItems::append(*this, array, {{"idCount", kCountAttr}, {"idMassEach", kMassAttr}});
+    PanelItems::append(*this, array, {{"idCount", kHookCodeCountAttr}, {"idMassEach", kMassAttr}});
 }
 
 bool CHookCode::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    PanelItems::apply(*this, values, {{"idCount", kCountAttr}, {"idMassEach", kMassAttr}}, bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idCount", kHookCodeCountAttr}, {"idMassEach", kMassAttr}}, bRecord, bUndo);
     return true;
 }
 

@@ -8,11 +8,11 @@
 namespace {
 
 constexpr int kMaterialAttr = 5100;
-constexpr double kLeft = 0, kTop = 40, kBlockW = 200, kBlockH = 80, kCentre = kLeft + kBlockW / 2;
+constexpr double kIndentationLeft = 0, kIndentationTop = 40, kBlockW = 200, kBlockH = 80, kIndentationCentre = kIndentationLeft + kBlockW / 2;
 constexpr double kMaxDepth = 48, kMinWidth = 40, kMaxWidth = 200;
 constexpr int kPores = 96;
 
-const HandlePos::Slot kSlots[] = {
+const HandlePos::Slot kIndentationSlots[] = {
     {0, HandlePos::Y, "idDepth", "IDS_PHYSICSOBJ_DEPTH", false},
     {1, HandlePos::X, "idWidth", "IDS_PHYSICSOBJ_WIDTH", false},
 };
@@ -26,7 +26,7 @@ const Look kLooks[] = {
     {"url(#id_sand)", "#8C6D3C", "#8E6B38", 0.38},
 };
 
-QString num(double v) { return SvgNumbers::format(v); }
+using SvgNumbers::format;
 
 // The pores' places in the block at rest, the same for every object: a jittered grid,
 // from a small fixed generator, so that the texture looks natural yet reopens alike.
@@ -47,11 +47,11 @@ const std::vector<Pore> &restingPores()
         const int cols = 16, rows = kPores / cols;
         for (int r = 0; r < rows; ++r)
             for (int c = 0; c < cols; ++c) {
-                double x = kLeft + (c + 0.5 + (r % 2 ? 0.25 : -0.25) + (next() - 0.5) * 0.5) * kBlockW / cols;
-                double y = kTop + (r + 0.5 + (next() - 0.5) * 0.6) * kBlockH / rows;
+                double x = kIndentationLeft + (c + 0.5 + (r % 2 ? 0.25 : -0.25) + (next() - 0.5) * 0.5) * kBlockW / cols;
+                double y = kIndentationTop + (r + 0.5 + (next() - 0.5) * 0.6) * kBlockH / rows;
                 // Wholly inside the block at rest, so that none pokes out of a face.
-                x = std::max(kLeft + 6, std::min(kLeft + kBlockW - 6, x));
-                y = std::max(kTop + 5, std::min(kTop + kBlockH - 5, y));
+                x = std::max(kIndentationLeft + 6, std::min(kIndentationLeft + kBlockW - 6, x));
+                y = std::max(kIndentationTop + 5, std::min(kIndentationTop + kBlockH - 5, y));
                 out.push_back({std::round(x * 100) / 100, std::round(y * 100) / 100, 2.2 + next() * 2.6, 1.4 + next() * 1.6});
             }
         return out;
@@ -123,7 +123,7 @@ void CIndentation::SVGInit(bool, bool)
 double CIndentation::sinkAt(double x) const
 {
     // A raised cosine: level with the surface at the rims, flat at the bottom.
-    const double half = m_dWidth / 2, u = (x - kCentre) / half;
+    const double half = m_dWidth / 2, u = (x - kIndentationCentre) / half;
     if (!(std::fabs(u) < 1))
         return 0;
     return m_dDepth * 0.5 * (1 + std::cos(u * 3.141592653589793));
@@ -134,19 +134,19 @@ void CIndentation::layout()
     if (!m_pDocument || m_controlNodes.size() < 2)
         return;
     auto held = [](double v, double lo, double hi) { return std::isfinite(v) ? std::max(lo, std::min(hi, v)) : lo; };
-    m_dDepth = held(HandlePos::centre(*this, 0).y() - kTop, 0, kMaxDepth);
-    m_dWidth = held(2 * (HandlePos::centre(*this, 1).x() - kCentre), kMinWidth, kMaxWidth);
-    const double l = kCentre - m_dWidth / 2, r = kCentre + m_dWidth / 2, b = kTop + m_dDepth;
+    m_dDepth = held(HandlePos::centre(*this, 0).y() - kIndentationTop, 0, kMaxDepth);
+    m_dWidth = held(2 * (HandlePos::centre(*this, 1).x() - kIndentationCentre), kMinWidth, kMaxWidth);
+    const double l = kIndentationCentre - m_dWidth / 2, r = kIndentationCentre + m_dWidth / 2, b = kIndentationTop + m_dDepth;
     // Two cubic halves that follow the raised cosine closely, level at rims and bottom.
     const double k = m_dWidth * 0.5 * 0.3642;
     const QString curve = QStringLiteral("M%1,%2C%3,%2 %4,%5 %6,%5C%7,%5 %8,%2 %9,%2")
-                              .arg(num(l), num(kTop), num(l + k), num(kCentre - k), num(b), num(kCentre), num(kCentre + k),
-                                   num(r - k), num(r));
+                              .arg(format(l), format(kIndentationTop), format(l + k), format(kIndentationCentre - k), format(b), format(kIndentationCentre), format(kIndentationCentre + k),
+                                   format(r - k), format(r));
     if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("dent")))
         n->setAttribute(QStringLiteral("d"), curve);
     if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("material")))
-        n->setAttribute(QStringLiteral("d"), QStringLiteral("M%1,%2H%3").arg(num(kLeft), num(kTop), num(l)) + curve.mid(curve.indexOf(QLatin1Char('C'))) +
-                                                 QStringLiteral("H%1V%2H%3Z").arg(num(kLeft + kBlockW), num(kTop + kBlockH), num(kLeft)));
+        n->setAttribute(QStringLiteral("d"), QStringLiteral("M%1,%2H%3").arg(format(kIndentationLeft), format(kIndentationTop), format(l)) + curve.mid(curve.indexOf(QLatin1Char('C'))) +
+                                                 QStringLiteral("H%1V%2H%3Z").arg(format(kIndentationLeft + kBlockW), format(kIndentationTop + kBlockH), format(kIndentationLeft)));
     // Each column of the block is squeezed evenly between its pressed top and the bottom.
     const QVector<QSvgNode *> pores = Series::members(*this, QStringLiteral("pore"));
     const std::vector<Pore> &rest = restingPores();
@@ -154,13 +154,13 @@ void CIndentation::layout()
     for (int i = 0; i < pores.size() && i < int(rest.size()); ++i) {
         const Pore &p = rest[size_t(i)];
         const double squeeze = 1 - sinkAt(p.x) / kBlockH;
-        const double y = kTop + kBlockH - (kTop + kBlockH - p.y) * squeeze;
+        const double y = kIndentationTop + kBlockH - (kIndentationTop + kBlockH - p.y) * squeeze;
         pores[i]->setNumAttribute(QStringLiteral("cy"), y);
         // A sponge's pores flatten where it is squeezed; sand grains are pushed aside whole.
         pores[i]->setNumAttribute(QStringLiteral("ry"), size < 1 ? grain(p) : p.ry * squeeze);
     }
-    HandlePos::placeCentre(*this, 0, QPointF(kCentre, b));
-    HandlePos::placeCentre(*this, 1, QPointF(r, kTop));
+    HandlePos::placeCentre(*this, 0, QPointF(kIndentationCentre, b));
+    HandlePos::placeCentre(*this, 1, QPointF(r, kIndentationTop));
 }
 
 void CIndentation::paintTexture()
@@ -203,29 +203,29 @@ bool CIndentation::updateSVG(QSvgNode *node, QPointF, bool bFinal)
 
 void CIndentation::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
 {
-    enclose(QRectF(kLeft - 0.5, kTop - 0.5, kBlockW + 1, kBlockH + 1), topLeft, bottomRight);
+    enclose(QRectF(kIndentationLeft - 0.5, kIndentationTop - 0.5, kBlockW + 1, kBlockH + 1), topLeft, bottomRight);
     for (QSvgNode *h : m_controlNodes)
         enclose(h->rect(), topLeft, bottomRight);
 }
 
-void CIndentation::posChangedByControl(int index) { HandlePos::post(*this, kSlots, index); }
+void CIndentation::posChangedByControl(int index) { HandlePos::post(*this, kIndentationSlots, index); }
 
-double CIndentation::getControlPos(int index) { return HandlePos::get(*this, kSlots, index); }
+double CIndentation::getControlPos(int index) { return HandlePos::get(*this, kIndentationSlots, index); }
 
-void CIndentation::setControlPos(int index, double pos) { HandlePos::setWithin(*this, kSlots, index, pos, m_bPosByCode); }
+void CIndentation::setControlPos(int index, double pos) { HandlePos::setWithin(*this, kIndentationSlots, index, pos, m_bPosByCode); }
 
 void CIndentation::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
     m_panel.append(*this, array, 0, {{"idMaterial", kMaterialAttr}});
-    m_panel.append(*this, array, 1, kSlots);
+    m_panel.append(*this, array, 1, kIndentationSlots);
 }
 
 bool CIndentation::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
     PanelItems::apply(*this, values, {{"idMaterial", kMaterialAttr}}, bRecord, bUndo);
-    HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
+    HandlePos::setTyped(*this, values, kIndentationSlots, m_bPosByCode);
     return true;
 }
 

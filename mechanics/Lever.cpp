@@ -7,9 +7,9 @@
 
 namespace {
 
-constexpr int kColourAttr = 5100;
+constexpr int kLeverColourAttr = 5100;
 constexpr double kPivotX = 340, kPivotY = 60;
-constexpr double kPitch = 30, kOverhang = 15, kBar = 14;
+constexpr double kLeverPitch = 30, kLeverOverhang = 15, kBar = 14;
 constexpr double kMinTilt = -45, kMaxTilt = 45;
 constexpr int kMinMarks = 2, kMaxMarks = 10;
 
@@ -64,11 +64,11 @@ QString CLever::getSVG()
 
 int CLever::getSVGType() { return 108; }
 
-void CLever::ResetAtrribute() { addColour(kColourAttr, 1101, QStringLiteral("IDS_SVG_PHYSICAL_BAR_COLOR"), QColor(0xB0B7BF)); }
+void CLever::ResetAtrribute() { addColour(kLeverColourAttr, 1101, QStringLiteral("IDS_SVG_PHYSICAL_BAR_COLOR"), QColor(0xB0B7BF)); }
 
 int CLever::shownTilt() const { return int(std::lround(m_dTilt)); }
 
-double CLever::halfLength() const { return m_nMarks * kPitch + kOverhang; }
+double CLever::halfLength() const { return m_nMarks * kLeverPitch + kLeverOverhang; }
 
 void CLever::SVGInit(bool, bool)
 {
@@ -87,8 +87,8 @@ void CLever::layout()
     if (!m_pDocument || m_controlNodes.isEmpty())
         return;
     const QPointF pivot(kPivotX, kPivotY);
-    HandlePos::Polar p = HandlePos::heldPolar(*this, 0, pivot, kMinTilt, kMaxTilt, 0, kMaxMarks * kPitch + kOverhang);
-    const double marks = std::round((p.distance - kOverhang) / kPitch);
+    HandlePos::Polar p = HandlePos::heldPolar(*this, 0, pivot, kMinTilt, kMaxTilt, 0, kMaxMarks * kLeverPitch + kLeverOverhang);
+    const double marks = std::round((p.distance - kLeverOverhang) / kLeverPitch);
     m_nMarks = int(std::max(double(kMinMarks), std::min(double(kMaxMarks), std::isfinite(marks) ? marks : 5)));
     p.distance = halfLength();
     p = HandlePos::putBack(*this, 0, pivot, p);
@@ -109,7 +109,7 @@ void CLever::layout()
     const QVector<QSvgNode *> holes = Series::fit(*this, QStringLiteral("mark"), 2 * m_nMarks);
     for (int k = 0; k < holes.size(); ++k) {
         const int step = k < m_nMarks ? k - m_nMarks : k - m_nMarks + 1;
-        holes[k]->setNumAttribute(QStringLiteral("cx"), kPivotX + step * kPitch);
+        holes[k]->setNumAttribute(QStringLiteral("cx"), kPivotX + step * kLeverPitch);
     }
 }
 
@@ -118,7 +118,7 @@ void CLever::UpdateColor(bool)
     if (!m_pDocument)
         return;
     if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("bar_body")))
-        n->setFillColor(m_attributes.value(kColourAttr).color);
+        n->setFillColor(m_attributes.value(kLeverColourAttr).color);
     repaint();
 }
 
@@ -146,7 +146,7 @@ void CLever::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
 
 void CLever::moveEnd(double tilt, int marks)
 {
-    const HandlePos::Polar to{tilt, marks * kPitch + kOverhang};
+    const HandlePos::Polar to{tilt, marks * kLeverPitch + kLeverOverhang};
     HandlePos::moveTo(*this, 0, HandlePos::topLeftAt(*this, 0, QPointF(kPivotX, kPivotY), to), m_bPosByCode);
 }
 
@@ -154,7 +154,7 @@ void CLever::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    m_panel.append(*this, array, 0, {{"idBarColor", kColourAttr}});
+    m_panel.append(*this, array, 0, {{"idBarColor", kLeverColourAttr}});
     m_panel.append(array, 1, QString::number(shownTilt()), [this] {
         return m_pOwner->GetSettingJsonInput(QStringLiteral("idAngle"), QStringLiteral("IDS_PHYSICSOBJ_ANGLE"),
                                              QString::number(shownTilt()), QStringLiteral("int"), QStringLiteral("-45"),
@@ -169,7 +169,7 @@ void CLever::GetSettingArray(QJsonArray &array)
 
 bool CLever::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    PanelItems::apply(*this, values, {{"idBarColor", kColourAttr}}, bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idBarColor", kLeverColourAttr}}, bRecord, bUndo);
     double tilt = m_dTilt, v = 0;
     int marks = m_nMarks;
     if (HandlePos::typedNumber(values, QStringLiteral("idAngle"), kMinTilt, kMaxTilt, true, v))

@@ -7,9 +7,9 @@
 
 namespace {
 
-constexpr int kColourAttr = 5100, kProbeAttr = 5101;
+constexpr int kPressureColourAttr = 5100, kProbeAttr = 5101;
 // The arms' bores: left 95..105, right 155..165; both straight down to the bend at y 285.
-constexpr double kLeftX = 100, kRightX = 160, kBore = 10, kBendTop = 285;
+constexpr double kPressureLeftX = 100, kPressureRightX = 160, kBore = 10, kBendTop = 285;
 constexpr double kTravel = 100;  // 10 cm either way
 constexpr LinearScale::PointerHandle kSurface{CPressure::kRestY, 1};
 
@@ -98,8 +98,8 @@ int CPressure::getSVGType() { return 301; }
 
 void CPressure::ResetAtrribute()
 {
-    addAttribute(kColourAttr, 1101, 3, QStringLiteral("IDS_SVG_PHYSICAL_LIQUID_COLOR"));
-    m_attributes[kColourAttr].color = QColor(0x3A, 0x7B, 0xD5);
+    addAttribute(kPressureColourAttr, 1101, 3, QStringLiteral("IDS_SVG_PHYSICAL_LIQUID_COLOR"));
+    m_attributes[kPressureColourAttr].color = QColor(0x3A, 0x7B, 0xD5);
     addAttribute(kProbeAttr, 1102, 0, QStringLiteral("IDS_SVG_PHYSICAL_SHOW_PROBE"), 0, true);
 }
 
@@ -149,7 +149,7 @@ void CPressure::UpdateColor(bool)
 {
     if (!m_pDocument)
         return;
-    const QColor c = m_attributes.value(kColourAttr).color;
+    const QColor c = m_attributes.value(kPressureColourAttr).color;
     for (const char *id : {"liquid_left", "liquid_right", "liquid_bend"})
         if (QSvgNode *n = m_pDocument->namedNode(QLatin1String(id)))
             n->setFillColor(c);
@@ -209,7 +209,7 @@ void CPressure::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    PanelItems::append(*this, array, {{"idLiquidColor", kColourAttr}, {"idShowProbe", kProbeAttr}});
+    PanelItems::append(*this, array, {{"idLiquidColor", kPressureColourAttr}, {"idShowProbe", kProbeAttr}});
     array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idHeightDiff"), QStringLiteral("IDS_PHYSICSOBJ_HEIGHT_DIFF"),
                                                differenceText(), QStringLiteral("float"), QStringLiteral("-20"),
                                                QStringLiteral("20"), QStringLiteral("cm")));
@@ -217,7 +217,7 @@ void CPressure::GetSettingArray(QJsonArray &array)
 
 bool CPressure::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    PanelItems::apply(*this, values, {{"idLiquidColor", kColourAttr}, {"idShowProbe", kProbeAttr}}, bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idLiquidColor", kPressureColourAttr}, {"idShowProbe", kProbeAttr}}, bRecord, bUndo);
     // A typed difference, to a tenth of a centimetre, splits evenly between the arms.
     kSurface.typed(*this, values, QStringLiteral("idHeightDiff"), reading(), m_bByCode);
     return true;

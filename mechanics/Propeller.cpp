@@ -8,10 +8,10 @@
 
 namespace {
 
-constexpr int kCountAttr = 5100, kColourAttr = 5101;
+constexpr int kPropellerCountAttr = 5100, kPropellerColourAttr = 5101;
 constexpr double kHubX = 60, kHubY = 60;
 
-QString num(double v) { return SvgNumbers::format(v); }
+using SvgNumbers::format;
 
 } // namespace
 
@@ -59,9 +59,9 @@ int CPropeller::getSVGType() { return 300; }
 
 void CPropeller::ResetAtrribute()
 {
-    addAttribute(kCountAttr, 1101, 1, QStringLiteral("IDS_SVG_PHYSICAL_BLADE_COUNT"), 1);
-    addAttribute(kColourAttr, 1102, 3, QStringLiteral("IDS_SVG_PHYSICAL_BLADE_COLOR"));
-    m_attributes[kColourAttr].color = QColor(0x60, 0x7D, 0x8B);
+    addAttribute(kPropellerCountAttr, 1101, 1, QStringLiteral("IDS_SVG_PHYSICAL_BLADE_COUNT"), 1);
+    addAttribute(kPropellerColourAttr, 1102, 3, QStringLiteral("IDS_SVG_PHYSICAL_BLADE_COLOR"));
+    m_attributes[kPropellerColourAttr].color = QColor(0x60, 0x7D, 0x8B);
 }
 
 QByteArray CPropeller::GetComboboxData()
@@ -72,7 +72,7 @@ QByteArray CPropeller::GetComboboxData()
     return data;
 }
 
-int CPropeller::blades() const { return qBound(0, m_attributes.value(kCountAttr).intValue, 2) + 2; }
+int CPropeller::blades() const { return qBound(0, m_attributes.value(kPropellerCountAttr).intValue, 2) + 2; }
 
 void CPropeller::SVGInit(bool, bool)
 {
@@ -94,13 +94,13 @@ void CPropeller::layBlades()
     const QVector<QSvgNode *> all = Series::fit(*this, QStringLiteral("blade"), n);
     for (int k = 0; k < all.size(); ++k)
         all[k]->setAttribute(QStringLiteral("transform"),
-                             QStringLiteral("rotate(%1 %2 %3)").arg(num(-360.0 * k / n), num(kHubX), num(kHubY)));
+                             QStringLiteral("rotate(%1 %2 %3)").arg(format(-360.0 * k / n), format(kHubX), format(kHubY)));
     UpdateColor(false);
 }
 
 void CPropeller::UpdateColor(bool)
 {
-    const QColor c = m_attributes.value(kColourAttr).color;
+    const QColor c = m_attributes.value(kPropellerColourAttr).color;
     for (QSvgNode *blade : Series::members(*this, QStringLiteral("blade")))
         if (!blade->children().empty())
             blade->children().front()->setFillColor(c);
@@ -140,7 +140,7 @@ void CPropeller::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    PanelItems::append(*this, array, {{"idBladeCount", kCountAttr}, {"idBladeColor", kColourAttr}});
+    PanelItems::append(*this, array, {{"idBladeCount", kPropellerCountAttr}, {"idBladeColor", kPropellerColourAttr}});
     array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idAngle"), QStringLiteral("IDS_PHYSICSOBJ_ANGLE"),
                                                QString::number(HandlePos::shownDegrees(m_dAngle)), QStringLiteral("int"),
                                                QStringLiteral("-180"), QStringLiteral("180"), QStringLiteral("°")));
@@ -148,7 +148,7 @@ void CPropeller::GetSettingArray(QJsonArray &array)
 
 bool CPropeller::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    PanelItems::apply(*this, values, {{"idBladeCount", kCountAttr}, {"idBladeColor", kColourAttr}}, bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idBladeCount", kPropellerCountAttr}, {"idBladeColor", kPropellerColourAttr}}, bRecord, bUndo);
     const auto angle = values.constFind(QStringLiteral("idAngle"));
     int degrees = 0;
     if (angle != values.cend() && HandlePos::typedDegrees(*angle, degrees))

@@ -7,11 +7,11 @@
 
 namespace {
 
-constexpr int kHookAttr = 5100;
+constexpr int kPulleyHookAttr = 5100;
 enum Hooks { OneEnd, TwoEnds };
 // The wheel: its axle, radius, and the tangent points where the falls leave it.
-constexpr double kAxleX = 100, kAxleY = 50, kRadius = 24;
-constexpr double kLeftX = kAxleX - kRadius, kRightX = kAxleX + kRadius;
+constexpr double kAxleX = 100, kAxleY = 50, kPulleyRadius = 24;
+constexpr double kPulleyLeftX = kAxleX - kPulleyRadius, kPulleyRightX = kAxleX + kPulleyRadius;
 
 } // namespace
 
@@ -27,19 +27,19 @@ QString CPulley::getSVG()
                        "<svg version=\"1.1\" xmlns=\"http://www.w3.org/2000/svg\" width=\"132px\" height=\"178px\""
                        " viewBox=\"34 -8 132 178\">\n<defs>\n") +
         Pulleys::defsSvg() + QStringLiteral("</defs>\n") + Pulleys::ceilingSvg(QStringLiteral("ceiling"), 40, 160) +
-        Pulleys::wheelSvg(QStringLiteral("wheel"), kAxleX, kAxleY, kRadius) +
-        Pulleys::lapSvg(QStringLiteral("rope_lap"), kAxleX, kAxleY, kRadius, true) +
+        Pulleys::wheelSvg(QStringLiteral("wheel"), kAxleX, kAxleY, kPulleyRadius) +
+        Pulleys::lapSvg(QStringLiteral("rope_lap"), kAxleX, kAxleY, kPulleyRadius, true) +
         Pulleys::bracketSvg(QStringLiteral("bracket"), kAxleX, 10, kAxleY) +
         QStringLiteral(
             "<circle id=\"axle\" cx=\"100\" cy=\"50\" r=\"3\" fill=\"#3A434C\" stroke=\"#C9D0D6\" stroke-width=\"0.6\""
             " vector-effect=\"none\"/>\n") +
-        Pulleys::ropeSvg(QStringLiteral("rope_left"), QPointF(kLeftX, kAxleY), QPointF(kLeftX, kAxleY + kLeftFall)) +
-        Pulleys::ropeSvg(QStringLiteral("rope_right"), QPointF(kRightX, kAxleY), QPointF(kRightX, kAxleY + kLeftFall)) +
+        Pulleys::ropeSvg(QStringLiteral("rope_left"), QPointF(kPulleyLeftX, kAxleY), QPointF(kPulleyLeftX, kAxleY + kLeftFall)) +
+        Pulleys::ropeSvg(QStringLiteral("rope_right"), QPointF(kPulleyRightX, kAxleY), QPointF(kPulleyRightX, kAxleY + kLeftFall)) +
         QStringLiteral("<path id=\"hook_left\" d=\"%1\" fill=\"none\" stroke=\"#4A5560\" stroke-width=\"2\""
                        " stroke-linecap=\"round\" vector-effect=\"none\"/>\n"
                        "<path id=\"hook_right\" d=\"%2\" fill=\"none\" stroke=\"#4A5560\" stroke-width=\"2\""
                        " stroke-linecap=\"round\" vector-effect=\"none\"/>\n")
-            .arg(Pulleys::hookPath(kLeftX, kAxleY + kLeftFall), Pulleys::hookPath(kRightX, kAxleY + kLeftFall)) +
+            .arg(Pulleys::hookPath(kPulleyLeftX, kAxleY + kLeftFall), Pulleys::hookPath(kPulleyRightX, kAxleY + kLeftFall)) +
         QStringLiteral("<rect id=\"control_1\" x=\"119.5\" y=\"145.5\" width=\"9\" height=\"9\" rx=\"4.5\" ry=\"4.5\""
                        " fill=\"#1700FE\" y_from=\"65.5\" y_to=\"645.5\"/>\n"
                        "</svg>\n");
@@ -48,7 +48,7 @@ QString CPulley::getSVG()
 
 int CPulley::getSVGType() { return 204; }
 
-void CPulley::ResetAtrribute() { addAttribute(kHookAttr, 1101, 1, QStringLiteral("IDS_SVG_PHYSICAL_HOOK"), TwoEnds); }
+void CPulley::ResetAtrribute() { addAttribute(kPulleyHookAttr, 1101, 1, QStringLiteral("IDS_SVG_PHYSICAL_HOOK"), TwoEnds); }
 
 QByteArray CPulley::GetComboboxData()
 {
@@ -70,7 +70,7 @@ void CPulley::SVGInit(bool, bool)
 void CPulley::UpdateCombobox(bool)
 {
     if (QSvgNode *hook = m_pDocument ? m_pDocument->namedNode(QStringLiteral("hook_left")) : nullptr)
-        hook->setVisible(m_attributes.value(kHookAttr).intValue == TwoEnds);
+        hook->setVisible(m_attributes.value(kPulleyHookAttr).intValue == TwoEnds);
     repaint();
 }
 
@@ -85,9 +85,9 @@ void CPulley::layout()
     if (!m_pDocument)
         return;
     const double end = kAxleY + rightFall();
-    Pulleys::setLine(m_pDocument->namedNode(QStringLiteral("rope_right")), QPointF(kRightX, kAxleY), QPointF(kRightX, end));
+    Pulleys::setLine(m_pDocument->namedNode(QStringLiteral("rope_right")), QPointF(kPulleyRightX, kAxleY), QPointF(kPulleyRightX, end));
     if (QSvgNode *hook = m_pDocument->namedNode(QStringLiteral("hook_right")))
-        hook->setAttribute(QStringLiteral("d"), Pulleys::hookPath(kRightX, end));
+        hook->setAttribute(QStringLiteral("d"), Pulleys::hookPath(kPulleyRightX, end));
 }
 
 void CPulley::GetSettingArray(QJsonArray &array)
@@ -96,14 +96,14 @@ void CPulley::GetSettingArray(QJsonArray &array)
         return;
     // The options are told apart by the number of hooks they draw.
     array.append(m_pOwner->GetSettingJsonComboBox(QStringLiteral("idHookCount"), QStringLiteral("IDS_PHYSICSOBJ_HOOKCOUNT"),
-                                                  m_attributes.value(kHookAttr).intValue, QStringList(),
+                                                  m_attributes.value(kPulleyHookAttr).intValue, QStringList(),
                                                   {QStringLiteral("1"), QStringLiteral("2")}));
     appendRopeLength(array);
 }
 
 bool CPulley::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    PanelItems::apply(*this, values, {{"idHookCount", kHookAttr}}, bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idHookCount", kPulleyHookAttr}}, bRecord, bUndo);
     typedRopeLength(values);
     return true;
 }

@@ -7,22 +7,20 @@
 
 namespace {
 
-constexpr int kSegmentsAttr = 5100;
+constexpr int kPulleyGroupSegmentsAttr = 5100;
 constexpr int kFalls = 2;
 // The fixed wheel under the beam; the movable one hangs to its left, so that the fall
 // between them is straight: its right side under the fixed wheel's left side.
-constexpr double kFixedX = 100, kFixedY = CPulleyBlock::kFixedY, kFixedR = 22;
+constexpr double kFixedX = 100, kFixedR = 22;
 constexpr double kMovingR = 16, kMovingX = kFixedX - kFixedR - kMovingR;
-constexpr double kBeamY = 10;
 // The template draws the movable pulley at its lowest; its hook's lowest point is the handle.
-constexpr double kHookBelowAxle = 40;
-constexpr double kFreeRest = 40;
+constexpr double kPulleyGroupHookBelowAxle = 40;
 
-QString num(double v) { return SvgNumbers::format(v); }
+using SvgNumbers::format;
 
 } // namespace
 
-CPulleyGroup::CPulleyGroup(CSVGObj *owner) : CPulleyBlock(owner, kHookBelowAxle, kSegmentsAttr) {}
+CPulleyGroup::CPulleyGroup(CSVGObj *owner) : CPulleyBlock(owner, kPulleyGroupHookBelowAxle, kPulleyGroupSegmentsAttr) {}
 
 CPulleyGroup::~CPulleyGroup() = default;
 
@@ -42,7 +40,7 @@ QString CPulleyGroup::getSVG()
                        " vector-effect=\"none\"/>\n"
                        "<circle cx=\"%3\" cy=\"12.5\" r=\"2.5\" fill=\"none\" stroke=\"#4A5560\" stroke-width=\"1.4\""
                        " vector-effect=\"none\"/>\n")
-            .arg(num(kFixedX), num(kFixedY), num(left)) +
+            .arg(format(kFixedX), format(kFixedY), format(left)) +
         Pulleys::ropeSvg(QStringLiteral("rope_1"), QPointF(left, kBeamY + 5), QPointF(left, my)) +
         Pulleys::ropeSvg(QStringLiteral("rope_2"), QPointF(kMovingX + kMovingR, my), QPointF(kMovingX + kMovingR, kFixedY)) +
         Pulleys::ropeSvg(QStringLiteral("free_end"), QPointF(right, kFixedY), QPointF(right, kFixedY + kFreeRest)) +
@@ -54,20 +52,20 @@ QString CPulleyGroup::getSVG()
                        "<text id=\"n_label\" x=\"%2\" y=\"%3\" font-family=\"Liberation Sans, Arial, sans-serif\""
                        " font-size=\"13\" font-style=\"italic\" text-anchor=\"end\" fill=\"#1A1A1A\">n = 2</text>\n"
                        "</g>\n")
-            .arg(Pulleys::hookPath(kMovingX, my + 24), num(left - 8), num(my + 4.5)) +
+            .arg(Pulleys::hookPath(kMovingX, my + 24), format(left - 8), format(my + 4.5)) +
         QStringLiteral("<rect id=\"control_1\" x=\"%1\" y=\"%2\" width=\"9\" height=\"9\" rx=\"4.5\" ry=\"4.5\" fill=\"#1700FE\""
                        " y_from=\"%3\" y_to=\"%2\"/>\n"
                        "<rect id=\"control_2\" x=\"%4\" y=\"%5\" width=\"9\" height=\"9\" rx=\"4.5\" ry=\"4.5\" fill=\"#1700FE\"/>\n"
                        "</svg>\n")
-            .arg(num(kMovingX - 4.5), num(my + kHookBelowAxle - 4.5),
-                 num(kFixedY + CPulleyGroup::kMinDrop + kHookBelowAxle - 4.5), num(right - 4.5),
-                 num(kFixedY + kFreeRest - 4.5));
+            .arg(format(kMovingX - 4.5), format(my + kPulleyGroupHookBelowAxle - 4.5),
+                 format(kFixedY + CPulleyGroup::kMinDrop + kPulleyGroupHookBelowAxle - 4.5), format(right - 4.5),
+                 format(kFixedY + kFreeRest - 4.5));
     return svg;
 }
 
 int CPulleyGroup::getSVGType() { return 205; }
 
-void CPulleyGroup::ResetAtrribute() { addAttribute(kSegmentsAttr, 1101, 0, QStringLiteral("IDS_SVG_PHYSICAL_SHOW_SEGMENTS")); }
+void CPulleyGroup::ResetAtrribute() { addAttribute(kPulleyGroupSegmentsAttr, 1101, 0, QStringLiteral("IDS_SVG_PHYSICAL_SHOW_SEGMENTS")); }
 
 void CPulleyGroup::SVGInit(bool, bool)
 {
@@ -96,13 +94,13 @@ void CPulleyGroup::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    PanelItems::append(*this, array, {{"idShowSegments", kSegmentsAttr}});
+    PanelItems::append(*this, array, {{"idShowSegments", kPulleyGroupSegmentsAttr}});
     appendRopeLength(array);
 }
 
 bool CPulleyGroup::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    PanelItems::apply(*this, values, {{"idShowSegments", kSegmentsAttr}}, bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idShowSegments", kPulleyGroupSegmentsAttr}}, bRecord, bUndo);
     typedRopeLength(values);
     return true;
 }

@@ -7,26 +7,25 @@
 
 namespace {
 
-constexpr int kRopeEndAttr = 5100, kSegmentsAttr = 5101;
+constexpr int kRopeEndAttr = 5100, kPulleyGroup2SegmentsAttr = 5101;
 enum RopeEnd { PullDown, PullUp };
 // Four wheels of one size, so that every fall runs straight between two tangent points,
 // 2R apart. Pulled down, the fixed wheels stand over the gaps to the right of the movable
 // ones; pulled up, the fixed block stands 4R further left and the rope starts at the
 // movable block.
-constexpr double kR = 16, kFixedY = CPulleyBlock::kFixedY, kBeamY = 10;
+constexpr double kR = 16;
 constexpr double kFixed1X = 88, kFixed2X = 152, kMoving1X = 56, kMoving2X = 120;
 constexpr double kPullUpShift = -4 * kR;
 // Where the rope's first fall runs: from the beam down to the first movable wheel, or
 // up from the crossbar's arm to the first fixed wheel.
 constexpr double kDownStart = kMoving1X - kR, kUpStart = kFixed1X + kPullUpShift - kR;
-constexpr double kBarBelowAxle = 24, kHookBelowAxle = 46, kHookX = (kMoving1X + kMoving2X) / 2;
-constexpr double kFreeRest = 40;
+constexpr double kBarBelowAxle = 24, kPulleyGroup2HookBelowAxle = 46, kHookX = (kMoving1X + kMoving2X) / 2;
 
-QString num(double v) { return SvgNumbers::format(v); }
+using SvgNumbers::format;
 
 } // namespace
 
-CPulleyGroup2::CPulleyGroup2(CSVGObj *owner) : CPulleyBlock(owner, kHookBelowAxle, kSegmentsAttr) {}
+CPulleyGroup2::CPulleyGroup2(CSVGObj *owner) : CPulleyBlock(owner, kPulleyGroup2HookBelowAxle, kPulleyGroup2SegmentsAttr) {}
 
 CPulleyGroup2::~CPulleyGroup2() = default;
 
@@ -47,10 +46,10 @@ QString CPulleyGroup2::getSVG()
         Pulleys::lapSvg(QStringLiteral("lap_fixed_2"), kFixed2X, kFixedY, kR, true) +
         Pulleys::bracketSvg(QStringLiteral("bracket_1"), kFixed1X, kBeamY, kFixedY) +
         Pulleys::bracketSvg(QStringLiteral("bracket_2"), kFixed2X, kBeamY, kFixedY) +
-        axle.arg(num(kFixed1X), num(kFixedY)) + axle.arg(num(kFixed2X), num(kFixedY)) +
+        axle.arg(format(kFixed1X), format(kFixedY)) + axle.arg(format(kFixed2X), format(kFixedY)) +
         QStringLiteral("<circle id=\"anchor_fixed\" cx=\"%1\" cy=\"12.5\" r=\"2.5\" fill=\"none\" stroke=\"#4A5560\""
                        " stroke-width=\"1.4\" vector-effect=\"none\"/>\n</g>\n")
-            .arg(num(kMoving1X - kR)) +
+            .arg(format(kMoving1X - kR)) +
         Pulleys::ropeSvg(QStringLiteral("rope_1"), QPointF(40, 15), QPointF(40, my)) +
         Pulleys::ropeSvg(QStringLiteral("rope_2"), QPointF(72, my), QPointF(72, kFixedY)) +
         Pulleys::ropeSvg(QStringLiteral("rope_3"), QPointF(104, kFixedY), QPointF(104, my)) +
@@ -67,19 +66,19 @@ QString CPulleyGroup2::getSVG()
                        " stroke=\"#4A5560\" stroke-width=\"0.8\" vector-effect=\"none\"/>\n"
                        "<rect x=\"%7\" y=\"%2\" width=\"%8\" height=\"6\" rx=\"1.5\" ry=\"1.5\" fill=\"url(#pl_strap)\""
                        " stroke=\"#4A5560\" stroke-width=\"0.8\" vector-effect=\"none\"/>\n")
-            .arg(num(kUpStart - 4), num(bar), num(kMoving1X - 6), num(bar + 6), num(kUpStart), num(bar - 3), num(kMoving1X - 6), num(kMoving2X - kMoving1X + 12)) +
+            .arg(format(kUpStart - 4), format(bar), format(kMoving1X - 6), format(bar + 6), format(kUpStart), format(bar - 3), format(kMoving1X - 6), format(kMoving2X - kMoving1X + 12)) +
         QStringLiteral("<path id=\"load_hook\" d=\"%1\" fill=\"none\" stroke=\"#4A5560\" stroke-width=\"2.2\""
                        " stroke-linecap=\"round\" vector-effect=\"none\"/>\n"
                        "<text id=\"n_label\" x=\"%2\" y=\"%3\" font-family=\"Liberation Sans, Arial, sans-serif\""
                        " font-size=\"13\" font-style=\"italic\" text-anchor=\"end\" fill=\"#1A1A1A\">n = 4</text>\n"
                        "</g>\n")
-            .arg(Pulleys::hookPath(kHookX, bar + 6), num(kDownStart - 8), num(my + 4.5)) +
+            .arg(Pulleys::hookPath(kHookX, bar + 6), format(kDownStart - 8), format(my + 4.5)) +
         QStringLiteral("<rect id=\"control_1\" x=\"%1\" y=\"%2\" width=\"9\" height=\"9\" rx=\"4.5\" ry=\"4.5\" fill=\"#1700FE\""
                        " y_from=\"%3\" y_to=\"%2\"/>\n"
                        "<rect id=\"control_2\" x=\"%4\" y=\"%5\" width=\"9\" height=\"9\" rx=\"4.5\" ry=\"4.5\" fill=\"#1700FE\"/>\n"
                        "</svg>\n")
-            .arg(num(kHookX - 4.5), num(my + kHookBelowAxle - 4.5),
-                 num(kFixedY + CPulleyGroup2::kMinDrop + kHookBelowAxle - 4.5), num(168 - 4.5), num(kFixedY + kFreeRest - 4.5));
+            .arg(format(kHookX - 4.5), format(my + kPulleyGroup2HookBelowAxle - 4.5),
+                 format(kFixedY + CPulleyGroup2::kMinDrop + kPulleyGroup2HookBelowAxle - 4.5), format(168 - 4.5), format(kFixedY + kFreeRest - 4.5));
     return svg;
 }
 
@@ -88,7 +87,7 @@ int CPulleyGroup2::getSVGType() { return 206; }
 void CPulleyGroup2::ResetAtrribute()
 {
     addAttribute(kRopeEndAttr, 1101, 1, QStringLiteral("IDS_SVG_PHYSICAL_ROPE_END"), PullDown);
-    addAttribute(kSegmentsAttr, 1102, 0, QStringLiteral("IDS_SVG_PHYSICAL_SHOW_SEGMENTS"));
+    addAttribute(kPulleyGroup2SegmentsAttr, 1102, 0, QStringLiteral("IDS_SVG_PHYSICAL_SHOW_SEGMENTS"));
 }
 
 QByteArray CPulleyGroup2::GetComboboxData()
@@ -116,7 +115,7 @@ void CPulleyGroup2::UpdateCombobox(bool)
         return;
     const bool up = pulledUp();
     if (QSvgNode *fixed = m_pDocument->namedNode(QStringLiteral("fixed")))
-        fixed->setAttribute(QStringLiteral("transform"), QStringLiteral("translate(%1,0)").arg(num(up ? kPullUpShift : 0)));
+        fixed->setAttribute(QStringLiteral("transform"), QStringLiteral("translate(%1,0)").arg(format(up ? kPullUpShift : 0)));
     if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("anchor_fixed")))
         n->setVisible(!up);
     if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("anchor_moving")))
@@ -161,13 +160,13 @@ void CPulleyGroup2::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    PanelItems::append(*this, array, {{"idRopeEnd", kRopeEndAttr}, {"idShowSegments", kSegmentsAttr}});
+    PanelItems::append(*this, array, {{"idRopeEnd", kRopeEndAttr}, {"idShowSegments", kPulleyGroup2SegmentsAttr}});
     appendRopeLength(array);
 }
 
 bool CPulleyGroup2::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    PanelItems::apply(*this, values, {{"idRopeEnd", kRopeEndAttr}, {"idShowSegments", kSegmentsAttr}}, bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idRopeEnd", kRopeEndAttr}, {"idShowSegments", kPulleyGroup2SegmentsAttr}}, bRecord, bUndo);
     typedRopeLength(values);
     return true;
 }

@@ -6,30 +6,30 @@
 
 namespace {
 
-constexpr int kColourAttr = 5100;
-constexpr double kLeft = 0, kTip = 10, kTop = 18, kBottom = 24, kKick = 24, kWheelY = 33, kWheelR = 7;
-constexpr double kMinL = 100, kMaxL = 600;
+constexpr int kSkateboardColourAttr = 5100;
+constexpr double kSkateboardLeft = 0, kSkateboardTip = 10, kSkateboardTop = 18, kSkateboardBottom = 24, kKick = 24, kSkateboardWheelY = 33, kSkateboardWheelR = 7;
+constexpr double kSkateboardMinL = 100, kSkateboardMaxL = 600;
 
-const HandlePos::Slot kSlots[] = {{0, HandlePos::X, "idLength", "IDS_PHYSICSOBJ_LENGTH", false}};
+const HandlePos::Slot kSkateboardSlots[] = {{0, HandlePos::X, "idLength", "IDS_PHYSICSOBJ_LENGTH", false}};
 
-QString num(double v) { return SvgNumbers::format(v); }
+using SvgNumbers::format;
 
 // The deck's top edge, left tip to right tip: level in the middle, curling up at both
 // ends; and the whole deck, that edge then its underside back.
 QString topEdge(double l)
 {
     return QStringLiteral("M%1,%2C%3,%2 %4,%5 %6,%5H%7C%8,%5 %9,%2 %10,%2")
-        .arg(num(kLeft), num(kTip), num(kLeft + 5), num(kLeft + 11), num(kTop), num(kLeft + kKick), num(kLeft + l - kKick),
-             num(kLeft + l - 11), num(kLeft + l - 5), num(kLeft + l));
+        .arg(format(kSkateboardLeft), format(kSkateboardTip), format(kSkateboardLeft + 5), format(kSkateboardLeft + 11), format(kSkateboardTop), format(kSkateboardLeft + kKick), format(kSkateboardLeft + l - kKick),
+             format(kSkateboardLeft + l - 11), format(kSkateboardLeft + l - 5), format(kSkateboardLeft + l));
 }
 QString deck(double l)
 {
-    const double d = kBottom - kTop;
+    const double d = kSkateboardBottom - kSkateboardTop;
     return topEdge(l) + QStringLiteral("C%1,%2 %3,%2 %4,%5C%6,%7 %8,%7 %9,%7H%10C%11,%7 %12,%7 %13,%5C%14,%2 %15,%2 %16,%17Z")
-                            .arg(num(kLeft + l + 1.5), num(kTip + 2), num(kLeft + l + 0.5), num(kLeft + l - 0.8),
-                                 num(kTip + d), num(kLeft + l - 6), num(kBottom), num(kLeft + l - 13), num(kLeft + l - kKick))
-                            .arg(num(kLeft + kKick), num(kLeft + 13), num(kLeft + 6), num(kLeft + 0.8), num(kLeft - 0.5),
-                                 num(kLeft - 1.5), num(kLeft), num(kTip));
+                            .arg(format(kSkateboardLeft + l + 1.5), format(kSkateboardTip + 2), format(kSkateboardLeft + l + 0.5), format(kSkateboardLeft + l - 0.8),
+                                 format(kSkateboardTip + d), format(kSkateboardLeft + l - 6), format(kSkateboardBottom), format(kSkateboardLeft + l - 13), format(kSkateboardLeft + l - kKick))
+                            .arg(format(kSkateboardLeft + kKick), format(kSkateboardLeft + 13), format(kSkateboardLeft + 6), format(kSkateboardLeft + 0.8), format(kSkateboardLeft - 0.5),
+                                 format(kSkateboardLeft - 1.5), format(kSkateboardLeft), format(kSkateboardTip));
 }
 
 } // namespace
@@ -77,7 +77,7 @@ QString CSkateboard::getSVG()
 
 int CSkateboard::getSVGType() { return 114; }
 
-void CSkateboard::ResetAtrribute() { addColour(kColourAttr, 1101, QStringLiteral("IDS_SVG_PHYSICAL_DECK_COLOR"), QColor(0x1565C0)); }
+void CSkateboard::ResetAtrribute() { addColour(kSkateboardColourAttr, 1101, QStringLiteral("IDS_SVG_PHYSICAL_DECK_COLOR"), QColor(0x1565C0)); }
 
 void CSkateboard::SVGInit(bool, bool)
 {
@@ -97,8 +97,8 @@ void CSkateboard::layout()
 {
     if (!m_pDocument || m_controlNodes.isEmpty())
         return;
-    const double x = HandlePos::centre(*this, 0).x() - kLeft;
-    m_dLength = std::isfinite(x) ? std::max(kMinL, std::min(kMaxL, x)) : kMinL;
+    const double x = HandlePos::centre(*this, 0).x() - kSkateboardLeft;
+    m_dLength = std::isfinite(x) ? std::max(kSkateboardMinL, std::min(kSkateboardMaxL, x)) : kSkateboardMinL;
     const double l = m_dLength;
     const QString body = deck(l);
     for (const char *id : {"deck", "deck_shade"})
@@ -111,18 +111,18 @@ void CSkateboard::layout()
     const struct {
         const char *id;
         double x;
-    } wheels[] = {{"wheel_1", kLeft + in}, {"wheel_2", kLeft + l - in}};
+    } wheels[] = {{"wheel_1", kSkateboardLeft + in}, {"wheel_2", kSkateboardLeft + l - in}};
     for (const auto &w : wheels)
         if (QSvgNode *n = m_pDocument->namedNode(QLatin1String(w.id)))
-            n->setAttribute(QStringLiteral("transform"), QStringLiteral("translate(%1,%2)").arg(num(w.x), num(kWheelY)));
-    HandlePos::placeCentre(*this, 0, QPointF(kLeft + l, kTip));
+            n->setAttribute(QStringLiteral("transform"), QStringLiteral("translate(%1,%2)").arg(format(w.x), format(kSkateboardWheelY)));
+    HandlePos::placeCentre(*this, 0, QPointF(kSkateboardLeft + l, kSkateboardTip));
 }
 
 void CSkateboard::UpdateColor(bool)
 {
     if (!m_pDocument)
         return;
-    const QColor c = m_attributes.value(kColourAttr).color;
+    const QColor c = m_attributes.value(kSkateboardColourAttr).color;
     if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("deck"))) {
         n->setFillColor(c);
         n->setStrokeColor(c.darker(200));
@@ -142,7 +142,7 @@ bool CSkateboard::updateSVG(QSvgNode *node, QPointF, bool bFinal)
 
 void CSkateboard::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
 {
-    enclose(QRectF(kLeft - 2, kTip - 1, m_dLength + 4, kWheelY + kWheelR + 1 - (kTip - 1)), topLeft, bottomRight);
+    enclose(QRectF(kSkateboardLeft - 2, kSkateboardTip - 1, m_dLength + 4, kSkateboardWheelY + kSkateboardWheelR + 1 - (kSkateboardTip - 1)), topLeft, bottomRight);
     for (QSvgNode *h : m_controlNodes)
         enclose(h->rect(), topLeft, bottomRight);
 }
@@ -151,14 +151,14 @@ void CSkateboard::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    m_panel.append(*this, array, 0, {{"idDeckColor", kColourAttr}});
-    m_panel.append(*this, array, 1, kSlots);
+    m_panel.append(*this, array, 0, {{"idDeckColor", kSkateboardColourAttr}});
+    m_panel.append(*this, array, 1, kSkateboardSlots);
 }
 
 bool CSkateboard::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    PanelItems::apply(*this, values, {{"idDeckColor", kColourAttr}}, bRecord, bUndo);
-    HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
+    PanelItems::apply(*this, values, {{"idDeckColor", kSkateboardColourAttr}}, bRecord, bUndo);
+    HandlePos::setTyped(*this, values, kSkateboardSlots, m_bPosByCode);
     return true;
 }
 

@@ -6,10 +6,10 @@
 
 namespace {
 
-constexpr int kColourAttr = 5100, kCentreAttr = 5101;
-constexpr double kCx = 130, kCy = 130, kMinR = 6, kMaxR = 120;
+constexpr int kSmallBallColourAttr = 5100, kCentreAttr = 5101;
+constexpr double kSmallBallCx = 130, kSmallBallCy = 130, kSmallBallMinR = 6, kSmallBallMaxR = 120;
 
-const HandlePos::Slot kSlots[] = {{0, HandlePos::X, "idPosValue", "IDS_PHYSICSOBJ_SIZE", false}};
+const HandlePos::Slot kSmallBallSlots[] = {{0, HandlePos::X, "idPosValue", "IDS_PHYSICSOBJ_SIZE", false}};
 
 // The sphere's shading from its body colour: a pale tint where the light falls and a
 // deep shade on the far side.
@@ -55,7 +55,7 @@ int CSmallBall::getSVGType() { return 104; }
 
 void CSmallBall::ResetAtrribute()
 {
-    addColour(kColourAttr, 1101, QStringLiteral("IDS_SVG_PHYSICAL_BALL_COLOR"), QColor(0xD84315));
+    addColour(kSmallBallColourAttr, 1101, QStringLiteral("IDS_SVG_PHYSICAL_BALL_COLOR"), QColor(0xD84315));
     addAttribute(kCentreAttr, 1102, 0, QStringLiteral("IDS_SVG_PHYSICAL_SHOW_CENTER"), 0, false);
 }
 
@@ -75,21 +75,21 @@ void CSmallBall::layout()
 {
     if (!m_pDocument || m_controlNodes.isEmpty())
         return;
-    const double r = HandlePos::centre(*this, 0).x() - kCx;
-    m_dRadius = std::isfinite(r) ? std::max(kMinR, std::min(kMaxR, r)) : kMinR;
+    const double r = HandlePos::centre(*this, 0).x() - kSmallBallCx;
+    m_dRadius = std::isfinite(r) ? std::max(kSmallBallMinR, std::min(kSmallBallMaxR, r)) : kSmallBallMinR;
     if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("ball")))
         n->setNumAttribute(QStringLiteral("r"), m_dRadius);
     // The centre mark grows a little with the ball, but stays a dot.
     if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("center")))
         n->setNumAttribute(QStringLiteral("r"), std::min(4.0, 1.5 + m_dRadius * 0.03));
-    HandlePos::placeCentre(*this, 0, QPointF(kCx + m_dRadius, kCy));
+    HandlePos::placeCentre(*this, 0, QPointF(kSmallBallCx + m_dRadius, kSmallBallCy));
 }
 
 void CSmallBall::UpdateColor(bool)
 {
     if (!m_pDocument)
         return;
-    const QColor body = m_attributes.value(kColourAttr).color;
+    const QColor body = m_attributes.value(kSmallBallColourAttr).color;
     const struct {
         const char *id;
         QColor colour;
@@ -122,7 +122,7 @@ bool CSmallBall::updateSVG(QSvgNode *node, QPointF, bool bFinal)
 void CSmallBall::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
 {
     const double r = m_dRadius + 0.5;
-    enclose(QRectF(kCx - r, kCy - r, 2 * r, 2 * r), topLeft, bottomRight);
+    enclose(QRectF(kSmallBallCx - r, kSmallBallCy - r, 2 * r, 2 * r), topLeft, bottomRight);
     for (QSvgNode *h : m_controlNodes)
         enclose(h->rect(), topLeft, bottomRight);
 }
@@ -131,14 +131,14 @@ void CSmallBall::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    m_panel.append(*this, array, 0, {{"idBallColor", kColourAttr}, {"idShowCenter", kCentreAttr}});
-    m_panel.append(*this, array, 2, kSlots);
+    m_panel.append(*this, array, 0, {{"idBallColor", kSmallBallColourAttr}, {"idShowCenter", kCentreAttr}});
+    m_panel.append(*this, array, 2, kSmallBallSlots);
 }
 
 bool CSmallBall::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    PanelItems::apply(*this, values, {{"idBallColor", kColourAttr}, {"idShowCenter", kCentreAttr}}, bRecord, bUndo);
-    HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
+    PanelItems::apply(*this, values, {{"idBallColor", kSmallBallColourAttr}, {"idShowCenter", kCentreAttr}}, bRecord, bUndo);
+    HandlePos::setTyped(*this, values, kSmallBallSlots, m_bPosByCode);
     return true;
 }
 

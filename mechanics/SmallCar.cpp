@@ -6,13 +6,13 @@
 
 namespace {
 
-constexpr int kColourAttr = 5100, kHookAttr = 5101;
-constexpr double kLeft = 0, kTop = 0, kBodyH = 34, kWheelY = 44, kWheelR = 14;
-constexpr double kMinL = 80, kMaxL = 500, kHookReach = 14;
+constexpr int kSmallCarColourAttr = 5100, kSmallCarHookAttr = 5101;
+constexpr double kSmallCarLeft = 0, kSmallCarTop = 0, kBodyH = 34, kSmallCarWheelY = 44, kSmallCarWheelR = 14;
+constexpr double kSmallCarMinL = 80, kSmallCarMaxL = 500, kSmallCarHookReach = 14;
 
-const HandlePos::Slot kSlots[] = {{0, HandlePos::X, "idLength", "IDS_PHYSICSOBJ_LENGTH", false}};
+const HandlePos::Slot kSmallCarSlots[] = {{0, HandlePos::X, "idLength", "IDS_PHYSICSOBJ_LENGTH", false}};
 
-QString num(double v) { return SvgNumbers::format(v); }
+using SvgNumbers::format;
 
 } // namespace
 
@@ -66,11 +66,11 @@ int CSmallCar::getSVGType() { return 105; }
 
 void CSmallCar::ResetAtrribute()
 {
-    addColour(kColourAttr, 1101, QStringLiteral("IDS_SVG_PHYSICAL_BODY_COLOR"), QColor(0x2E7D32));
-    addAttribute(kHookAttr, 1102, 0, QStringLiteral("IDS_SVG_PHYSICAL_HOOK"), 0, true);
+    addColour(kSmallCarColourAttr, 1101, QStringLiteral("IDS_SVG_PHYSICAL_BODY_COLOR"), QColor(0x2E7D32));
+    addAttribute(kSmallCarHookAttr, 1102, 0, QStringLiteral("IDS_SVG_PHYSICAL_HOOK"), 0, true);
 }
 
-bool CSmallCar::showsHook() const { return m_attributes.value(kHookAttr).boolValue; }
+bool CSmallCar::showsHook() const { return m_attributes.value(kSmallCarHookAttr).boolValue; }
 
 void CSmallCar::SVGInit(bool, bool)
 {
@@ -91,8 +91,8 @@ void CSmallCar::layout()
 {
     if (!m_pDocument || m_controlNodes.isEmpty())
         return;
-    const double x = HandlePos::centre(*this, 0).x() - kLeft;
-    m_dLength = std::isfinite(x) ? std::max(kMinL, std::min(kMaxL, x)) : kMinL;
+    const double x = HandlePos::centre(*this, 0).x() - kSmallCarLeft;
+    m_dLength = std::isfinite(x) ? std::max(kSmallCarMinL, std::min(kSmallCarMaxL, x)) : kSmallCarMinL;
     const double l = m_dLength;
     if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("body")))
         n->setNumAttribute(QStringLiteral("width"), l);
@@ -103,18 +103,18 @@ void CSmallCar::layout()
     const struct {
         const char *id;
         double x, y;
-    } placed[] = {{"wheel_1", kLeft + l / 5, kWheelY}, {"wheel_2", kLeft + l * 4 / 5, kWheelY}, {"hook", kLeft + l, kBodyH / 2}};
+    } placed[] = {{"wheel_1", kSmallCarLeft + l / 5, kSmallCarWheelY}, {"wheel_2", kSmallCarLeft + l * 4 / 5, kSmallCarWheelY}, {"hook", kSmallCarLeft + l, kBodyH / 2}};
     for (const auto &p : placed)
         if (QSvgNode *n = m_pDocument->namedNode(QLatin1String(p.id)))
-            n->setAttribute(QStringLiteral("transform"), QStringLiteral("translate(%1,%2)").arg(num(p.x), num(p.y)));
-    HandlePos::placeCentre(*this, 0, QPointF(kLeft + l, kBodyH / 2));
+            n->setAttribute(QStringLiteral("transform"), QStringLiteral("translate(%1,%2)").arg(format(p.x), format(p.y)));
+    HandlePos::placeCentre(*this, 0, QPointF(kSmallCarLeft + l, kBodyH / 2));
 }
 
 void CSmallCar::UpdateColor(bool)
 {
     if (!m_pDocument)
         return;
-    const QColor c = m_attributes.value(kColourAttr).color;
+    const QColor c = m_attributes.value(kSmallCarColourAttr).color;
     if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("body"))) {
         n->setFillColor(c);
         n->setStrokeColor(c.darker(220));
@@ -142,9 +142,9 @@ bool CSmallCar::updateSVG(QSvgNode *node, QPointF, bool bFinal)
 void CSmallCar::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
 {
     // Body, wheels below it, and the hook ahead of it.
-    enclose(QRectF(kLeft - 0.5, kTop - 0.5, m_dLength + 1, kWheelY + kWheelR + 1), topLeft, bottomRight);
+    enclose(QRectF(kSmallCarLeft - 0.5, kSmallCarTop - 0.5, m_dLength + 1, kSmallCarWheelY + kSmallCarWheelR + 1), topLeft, bottomRight);
     if (showsHook())
-        enclose(QRectF(kLeft + m_dLength, kBodyH / 2 - 9.5, kHookReach, 13), topLeft, bottomRight);
+        enclose(QRectF(kSmallCarLeft + m_dLength, kBodyH / 2 - 9.5, kSmallCarHookReach, 13), topLeft, bottomRight);
     for (QSvgNode *h : m_controlNodes)
         enclose(h->rect(), topLeft, bottomRight);
 }
@@ -153,14 +153,14 @@ void CSmallCar::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    m_panel.append(*this, array, 0, {{"idBodyColor", kColourAttr}, {"idShowHook", kHookAttr}});
-    m_panel.append(*this, array, 2, kSlots);
+    m_panel.append(*this, array, 0, {{"idBodyColor", kSmallCarColourAttr}, {"idShowHook", kSmallCarHookAttr}});
+    m_panel.append(*this, array, 2, kSmallCarSlots);
 }
 
 bool CSmallCar::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    PanelItems::apply(*this, values, {{"idBodyColor", kColourAttr}, {"idShowHook", kHookAttr}}, bRecord, bUndo);
-    HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
+    PanelItems::apply(*this, values, {{"idBodyColor", kSmallCarColourAttr}, {"idShowHook", kSmallCarHookAttr}}, bRecord, bUndo);
+    HandlePos::setTyped(*this, values, kSmallCarSlots, m_bPosByCode);
     return true;
 }
 

@@ -8,25 +8,25 @@
 
 namespace {
 
-constexpr int kRangeAttr = 5100;
+constexpr int kSpringbalanceRangeAttr = 5100;
 constexpr int kTurns = 12;
 // The scale: zero tick at the top, one tick per minor division (3 units), ticks running
 // left from beside the slot.
-constexpr double kZeroY = 90, kTickX = 40, kPitch = 3;
+constexpr double kZeroY = 90, kSpringbalanceTickX = 40, kSpringbalancePitch = 3;
 // The spring hangs from the top of the slot; the carriage below it carries the pointer.
 constexpr double kSpringTop = 38, kCarriageAbovePointer = 4, kSpringLeft = 43.5, kSpringRight = 52.5;
 // The hook's lowest point (where the handle sits) with nothing on it.
 constexpr double kHookRestY = 284;
 constexpr LinearScale::PointerHandle kHook{kHookRestY, 1};
 
-struct Range {
+struct SpringbalanceRange {
     double full;
     int steps;     // the reading's resolution over the full scale
     int decimals;
 };
-constexpr Range kRanges[] = {{2.5, 250, 2}, {5, 50, 1}, {10, 100, 1}};
+constexpr SpringbalanceRange kSpringbalanceRanges[] = {{2.5, 250, 2}, {5, 50, 1}, {10, 100, 1}};
 
-QString num(double v) { return SvgNumbers::format(v); }
+using SvgNumbers::format;
 
 QString bodySvg()
 {
@@ -100,13 +100,13 @@ QString CSpringbalance::getSVG()
 
 int CSpringbalance::getSVGType() { return 203; }
 
-void CSpringbalance::ResetAtrribute() { addAttribute(kRangeAttr, 1101, 1, QStringLiteral("IDS_SVG_PHYSICAL_RANGE"), 1); }
+void CSpringbalance::ResetAtrribute() { addAttribute(kSpringbalanceRangeAttr, 1101, 1, QStringLiteral("IDS_SVG_PHYSICAL_RANGE"), 1); }
 
 QByteArray CSpringbalance::GetComboboxData() { return LinearScale::rangeChoices(); }
 
 LinearScale::Reading CSpringbalance::reading() const
 {
-    const Range &r = kRanges[qBound(0, m_attributes.value(kRangeAttr).intValue, 2)];
+    const SpringbalanceRange &r = kSpringbalanceRanges[qBound(0, m_attributes.value(kSpringbalanceRangeAttr).intValue, 2)];
     LinearScale::Reading reading;
     reading.length = kScaleLength;
     reading.full = r.full;
@@ -148,8 +148,8 @@ void CSpringbalance::layScale()
 {
     // The scale: 50 divisions over 150 units, numbered at every tenth tick in the range's units.
     LinearScale::Ticks ticks;
-    ticks.zero = QPointF(kTickX, kZeroY);
-    ticks.pitch = QPointF(0, kPitch);
+    ticks.zero = QPointF(kSpringbalanceTickX, kZeroY);
+    ticks.pitch = QPointF(0, kSpringbalancePitch);
     ticks.across = QPointF(-1, 0);
     ticks.count = 51;
     ticks.shortLength = 5;
@@ -168,7 +168,7 @@ void CSpringbalance::layout()
     m_shown = {{QStringLiteral("idForceValue"), readingText()}};
     const double t = travel(), pointerY = kZeroY + t;
     if (QSvgNode *slider = m_pDocument->namedNode(QStringLiteral("slider")))
-        slider->setAttribute(QStringLiteral("transform"), QStringLiteral("translate(0,%1)").arg(num(t)));
+        slider->setAttribute(QStringLiteral("transform"), QStringLiteral("translate(0,%1)").arg(format(t)));
     // The turns share the stretch evenly, each a front strand and a back strand.
     const double pitch = (pointerY - kCarriageAbovePointer - kSpringTop) / kTurns;
     const QVector<QSvgNode *> turns = Series::members(*this, QStringLiteral("turn"));
@@ -213,7 +213,7 @@ void CSpringbalance::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    LinearScale::appendRange(*this, array, kRangeAttr);
+    LinearScale::appendRange(*this, array, kSpringbalanceRangeAttr);
     array.append(m_pOwner->GetSettingJsonInput(QStringLiteral("idForceValue"), QStringLiteral("IDS_PHYSICSOBJ_READING"),
                                                readingText(), QStringLiteral("float"), QStringLiteral("0"),
                                                QString::number(fullScale()), QStringLiteral("N")));
@@ -221,7 +221,7 @@ void CSpringbalance::GetSettingArray(QJsonArray &array)
 
 bool CSpringbalance::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    PanelItems::apply(*this, values, {{"idRange", kRangeAttr}}, bRecord, bUndo);
+    PanelItems::apply(*this, values, {{"idRange", kSpringbalanceRangeAttr}}, bRecord, bUndo);
     // A typed reading is taken to the scale's resolution, and the hook moves to it.
     kHook.typed(*this, values, QStringLiteral("idForceValue"), reading(), m_bByCode);
     return true;

@@ -7,17 +7,17 @@
 
 namespace {
 
-constexpr int kColourAttr = 5100, kHookAttr = 5101;
-constexpr double kLeft = 0, kTop = 0;
+constexpr int kWoodColourAttr = 5100, kWoodHookAttr = 5101;
+constexpr double kWoodLeft = 0, kWoodTop = 0;
 constexpr double kMinW = 30, kMaxW = 600, kMinH = 20, kMaxH = 300, kGrainPitch = 12;
-constexpr double kHookReach = 13; // the ring's outer edge past the right face
+constexpr double kWoodHookReach = 13; // the ring's outer edge past the right face
 
-const HandlePos::Slot kSlots[] = {
+const HandlePos::Slot kWoodSlots[] = {
     {0, HandlePos::X, "idWidth", "IDS_PHYSICSOBJ_WIDTH", false},
     {0, HandlePos::Y, "idHeight", "IDS_PHYSICSOBJ_HEIGHT", false},
 };
 
-QString num(double v) { return SvgNumbers::format(v); }
+using SvgNumbers::format;
 
 } // namespace
 
@@ -61,11 +61,11 @@ int CWood::getSVGType() { return 106; }
 
 void CWood::ResetAtrribute()
 {
-    addColour(kColourAttr, 1101, QStringLiteral("IDS_SVG_PHYSICAL_BODY_COLOR"), QColor(0xC8A165));
-    addAttribute(kHookAttr, 1102, 0, QStringLiteral("IDS_SVG_PHYSICAL_HOOK"), 0, true);
+    addColour(kWoodColourAttr, 1101, QStringLiteral("IDS_SVG_PHYSICAL_BODY_COLOR"), QColor(0xC8A165));
+    addAttribute(kWoodHookAttr, 1102, 0, QStringLiteral("IDS_SVG_PHYSICAL_HOOK"), 0, true);
 }
 
-bool CWood::showsHook() const { return m_attributes.value(kHookAttr).boolValue; }
+bool CWood::showsHook() const { return m_attributes.value(kWoodHookAttr).boolValue; }
 
 void CWood::SVGInit(bool, bool)
 {
@@ -89,8 +89,8 @@ void CWood::layout()
         return;
     const QPointF corner = HandlePos::centre(*this, 0);
     auto held = [](double v, double lo, double hi) { return std::isfinite(v) ? std::max(lo, std::min(hi, v)) : lo; };
-    m_dWidth = held(corner.x() - kLeft, kMinW, kMaxW);
-    m_dHeight = held(corner.y() - kTop, kMinH, kMaxH);
+    m_dWidth = held(corner.x() - kWoodLeft, kMinW, kMaxW);
+    m_dHeight = held(corner.y() - kWoodTop, kMinH, kMaxH);
     const double w = m_dWidth, h = m_dHeight;
     if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("block"))) {
         n->setNumAttribute(QStringLiteral("width"), w);
@@ -106,17 +106,17 @@ void CWood::layout()
     const QVector<QSvgNode *> grain = Series::fit(*this, QStringLiteral("grain"), lines);
     const double gap = h / (grain.size() + 1);
     for (int k = 0; k < grain.size(); ++k) {
-        const double y = kTop + gap * (k + 1), wave = std::min(2.0, gap * 0.3) * (k % 2 ? 1 : -1);
-        const double x0 = kLeft + 3 + (k % 3) * 2, x1 = kLeft + w - 3 - (k % 2) * 3;
+        const double y = kWoodTop + gap * (k + 1), wave = std::min(2.0, gap * 0.3) * (k % 2 ? 1 : -1);
+        const double x0 = kWoodLeft + 3 + (k % 3) * 2, x1 = kWoodLeft + w - 3 - (k % 2) * 3;
         grain[k]->setAttribute(QStringLiteral("d"), QStringLiteral("M%1,%2C%3,%4 %5,%6 %7,%2")
-                                                        .arg(num(x0), num(y), num(x0 + (x1 - x0) * 0.3), num(y + wave),
-                                                             num(x0 + (x1 - x0) * 0.6), num(y - wave), num(x1)));
+                                                        .arg(format(x0), format(y), format(x0 + (x1 - x0) * 0.3), format(y + wave),
+                                                             format(x0 + (x1 - x0) * 0.6), format(y - wave), format(x1)));
         grain[k]->setStrokeEnabled(false);
     }
     if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("hook")))
         n->setAttribute(QStringLiteral("transform"),
-                        QStringLiteral("translate(%1,%2)").arg(num(kLeft + w), num(kTop + h / 2)));
-    HandlePos::placeCentre(*this, 0, QPointF(kLeft + w, kTop + h));
+                        QStringLiteral("translate(%1,%2)").arg(format(kWoodLeft + w), format(kWoodTop + h / 2)));
+    HandlePos::placeCentre(*this, 0, QPointF(kWoodLeft + w, kWoodTop + h));
 }
 
 void CWood::UpdateColor(bool)
@@ -124,7 +124,7 @@ void CWood::UpdateColor(bool)
     if (!m_pDocument)
         return;
     if (QSvgNode *n = m_pDocument->namedNode(QStringLiteral("block")))
-        n->setFillColor(m_attributes.value(kColourAttr).color);
+        n->setFillColor(m_attributes.value(kWoodColourAttr).color);
     repaint();
 }
 
@@ -147,9 +147,9 @@ bool CWood::updateSVG(QSvgNode *node, QPointF, bool bFinal)
 
 void CWood::CaculateObjectRetangle(QPointF &topLeft, QPointF &bottomRight)
 {
-    enclose(QRectF(kLeft - 0.5, kTop - 0.5, m_dWidth + 1, m_dHeight + 1), topLeft, bottomRight);
+    enclose(QRectF(kWoodLeft - 0.5, kWoodTop - 0.5, m_dWidth + 1, m_dHeight + 1), topLeft, bottomRight);
     if (showsHook())
-        enclose(QPointF(kLeft + m_dWidth + kHookReach, kTop + m_dHeight / 2), topLeft, bottomRight);
+        enclose(QPointF(kWoodLeft + m_dWidth + kWoodHookReach, kWoodTop + m_dHeight / 2), topLeft, bottomRight);
     for (QSvgNode *h : m_controlNodes)
         enclose(h->rect(), topLeft, bottomRight);
 }
@@ -158,14 +158,14 @@ void CWood::GetSettingArray(QJsonArray &array)
 {
     if (!m_pOwner)
         return;
-    m_panel.append(*this, array, 0, {{"idBodyColor", kColourAttr}, {"idShowHook", kHookAttr}});
-    m_panel.append(*this, array, 2, kSlots);
+    m_panel.append(*this, array, 0, {{"idBodyColor", kWoodColourAttr}, {"idShowHook", kWoodHookAttr}});
+    m_panel.append(*this, array, 2, kWoodSlots);
 }
 
 bool CWood::SetSettingArray(QMap<QString, QString> &values, bool bRecord, bool bUndo)
 {
-    PanelItems::apply(*this, values, {{"idBodyColor", kColourAttr}, {"idShowHook", kHookAttr}}, bRecord, bUndo);
-    HandlePos::setTyped(*this, values, kSlots, m_bPosByCode);
+    PanelItems::apply(*this, values, {{"idBodyColor", kWoodColourAttr}, {"idShowHook", kWoodHookAttr}}, bRecord, bUndo);
+    HandlePos::setTyped(*this, values, kWoodSlots, m_bPosByCode);
     return true;
 }
 
