@@ -39,6 +39,7 @@ QString refusal(const QStringList &args, const QByteArray &variable = QByteArray
         p.setProcessEnvironment(env);
     }
     p.start(QStringLiteral(PHYSLAB_PATH), args);
+    p.closeWriteChannel(); // a run mistaken for a script run reads an empty one
     p.waitForFinished(60000);
     EXPECT_EQ(p.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(p.exitCode(), 2) << args.join(' ').toStdString();
@@ -63,11 +64,12 @@ TEST(Physlab, ScriptEndToEnd)
         "playback\n"
         "drag control_9 1 1\n"
         "drag control_1 abc 1\n"
+        "drag control_1 1 inf\n"
         "bogus\n"
         "bounds\n";
     const PhyslabRun r = physlab({"run"}, script);
-    EXPECT_EQ(r.exitCode, 1); // three commands failed
-    ASSERT_EQ(r.lines.size(), 13);
+    EXPECT_EQ(r.exitCode, 1); // four commands failed
+    ASSERT_EQ(r.lines.size(), 14);
     EXPECT_TRUE(r.lines[0]["content"].toBool());
     EXPECT_TRUE(r.lines[1]["result"].toBool());
     EXPECT_EQ(r.lines[1]["delta"].toArray(), (QJsonArray{QJsonValue(-60), QJsonValue(70)}));
@@ -80,9 +82,9 @@ TEST(Physlab, ScriptEndToEnd)
     ASSERT_EQ(records.size(), 2);
     EXPECT_EQ(records[0].toObject()["kind"].toString(), "record");
     EXPECT_EQ(records[1].toObject()["prop"].toInt(), 5002);
-    for (int i : {9, 10, 11})
+    for (int i : {9, 10, 11, 12})
         EXPECT_TRUE(r.lines[i].contains("error")) << i;
-    EXPECT_TRUE(r.lines[12].contains("viewBox"));
+    EXPECT_TRUE(r.lines[13].contains("viewBox"));
 
     // The saved stream reloads into the same drawing.
     const PhyslabRun back = physlab({"run"}, "new 107\nload " + saved.toLatin1() + "\nnode bevel1 rotate_angle\nload AAAA\nloadjson {\"x\":1}\nloadjson [1\n");
@@ -96,6 +98,9 @@ TEST(Physlab, ScriptEndToEnd)
     EXPECT_EQ(physlab({"run"}, "new 107\ndrag control_1 5 5 --final\nsave\n").exitCode, 0);
     // A script that cannot be read is named.
     EXPECT_TRUE(refusal({"run", "/no/such/script.txt"}).contains("/no/such/script.txt"));
+    // Commands with arguments they do not take are refused with the usage, not guessed at.
+    for (const QStringList &args : {QStringList{"run", "a.txt", "b.txt"}, QStringList{"gallery"}, QStringList{"bogus"}, QStringList{}})
+        EXPECT_TRUE(refusal(args).contains("usage")) << args.join(' ').toStdString();
 }
 
 TEST(Physlab, ListRenderAndGallery)
