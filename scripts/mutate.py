@@ -8,6 +8,8 @@ the line back. Prints every survivor and the kill rate per folder.
     scripts/mutate.sh [SEED] [COUNT]      # default seed 1, 60 mutants
     MUTATE_DIR=/tmp/m scripts/mutate.sh   # where the copy and its build live
     scripts/mutate.sh 1 60 --list         # show the sample without running it
+    scripts/mutate.sh 1 60 --at=REV --only=3,11   # mutants 3 and 11 of the sample taken at
+                                          # commit REV, applied to HEAD where the line still is
 """
 import os
 import random
@@ -89,14 +91,34 @@ def mutations(line):
     return out
 
 
-def sample(root, seed, count):
+def tree(root, rev):
+    """The sources as they are in the checkout, or at commit `rev`: (files, read)."""
+    if rev is None:
+        def read(path):
+            with open(path, encoding="utf-8") as f:
+                return f.readlines()
+        listed = []
+        for folder in FOLDERS:
+            for dirpath, _, names in os.walk(os.path.join(root, folder)):
+                listed += [os.path.join(dirpath, n) for n in names]
+        return listed, read
+
+    def read_at(path):
+        text = subprocess.run(["git", "show", f"{rev}:{os.path.relpath(path, root)}"], cwd=root,
+                              check=True, capture_output=True).stdout.decode("utf-8")
+        return text.splitlines(keepends=True)
+    names = subprocess.run(["git", "ls-tree", "-r", "--name-only", rev, "--"] + FOLDERS, cwd=root,
+                           check=True, capture_output=True, text=True).stdout.split()
+    return [os.path.join(root, n) for n in names], read_at
+
+
+def sample(root, seed, count, rev=None):
     rng = random.Random(seed)
+    listed, read = tree(root, rev)
     per_folder = {}
     for folder in FOLDERS:
-        files = []
-        for dirpath, _, names in os.walk(os.path.join(root, folder)):
-            files += [os.path.join(dirpath, n) for n in sorted(names) if n.endswith(".cpp")]
-        per_folder[folder] = sorted(files)
+        prefix = os.path.join(root, folder) + os.sep
+        per_folder[folder] = sorted(p for p in listed if p.startswith(prefix) and p.endswith(".cpp"))
     chosen, seen = [], set()
     k = 0
     while len(chosen) < count and k < count * 50:
@@ -106,8 +128,7 @@ def sample(root, seed, count):
         if not files:
             continue
         path = rng.choice(files)
-        with open(path, encoding="utf-8") as f:
-            lines = f.readlines()
+        lines = read(path)
         candidates = [(i, m) for i, l in enumerate(lines) for m in mutations(l)]
         if not candidates:
             continue
@@ -130,13 +151,17 @@ def run(cmd, cwd, timeout):
 
 def main():
     args = [a for a in sys.argv[1:] if not a.startswith("--")]
+    options = dict(a[2:].split("=", 1) for a in sys.argv[1:] if a.startswith("--") and "=" in a)
     seed = int(args[0]) if args else 1
     count = int(args[1]) if len(args) > 1 else 60
     root = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
-    mutants = sample(root, seed, count)
+    mutants = list(enumerate(sample(root, seed, count, options.get("at")), 1))
+    if "only" in options:
+        wanted = {int(n) for n in options["only"].split(",")}
+        mutants = [m for m in mutants if m[0] in wanted]
     if "--list" in sys.argv:
-        for folder, path, i, name, old, new in mutants:
-            print(f"{path}:{i + 1}: {name}: {new.strip()}")
+        for n, (folder, path, i, name, old, new) in mutants:
+            print(f"[{n}] {path}:{i + 1}: {name}: {new.strip()}")
         return 0
 
     work = os.environ.get("MUTATE_DIR", f"/tmp/mutate-{os.getpid()}")
@@ -157,10 +182,16 @@ def main():
         return 2
 
     killed, total, survivors, stillborn = {}, {}, [], 0
-    for n, (folder, path, i, name, old, new) in enumerate(mutants, 1):
+    for n, (folder, path, i, name, old, new) in mutants:
         target = os.path.join(copy, path)
         with open(target, encoding="utf-8") as f:
             lines = f.readlines()
+        # A sample taken at another commit: the same line, wherever it is now.
+        at = [j for j, line in enumerate(lines) if line == old]
+        if not at:
+            print(f"[{n}/{count}] {path}:{i + 1} {name}: the line is gone (not counted)", flush=True)
+            continue
+        i = min(at, key=lambda j: abs(j - i))
         lines[i] = new
         with open(target, "w", encoding="utf-8") as f:
             f.writelines(lines)
@@ -182,7 +213,7 @@ def main():
             lines[i] = old
             with open(target, "w", encoding="utf-8") as f:
                 f.writelines(lines)
-        print(f"[{n}/{len(mutants)}] {path}:{i + 1} {name}: {verdict} ({time.time() - t0:.0f} s)", flush=True)
+        print(f"[{n}/{count}] {path}:{i + 1} {name}: {verdict} ({time.time() - t0:.0f} s)", flush=True)
     run(["cmake", "--build", build, "-j2"], copy, 1800)
 
     print("\nsurvivors:")
