@@ -4,6 +4,7 @@
 // object reloads into the same bytes and the same document; a damaged or foreign stream
 // is refused and changes nothing; a restore with nothing captured changes nothing.
 #include "helpers.h"
+#include <bases/Attribute.h>
 #include <QRegularExpression>
 #include <QUndoStack>
 #include <random>
@@ -119,7 +120,7 @@ struct EveryApparatus : ::testing::TestWithParam<int> {
 
 } // namespace
 
-TEST_P(EveryApparatus, ReportsItsOwnType)
+TEST_P(EveryApparatus, ReportsItsOwnTypeAndAttributeNumbers)
 {
     ObjPtr o = makeObject(GetParam(), true);
     ASSERT_TRUE(o->content());
@@ -127,6 +128,13 @@ TEST_P(EveryApparatus, ReportsItsOwnType)
     QJsonObject json;
     o->content()->saveJson(json);
     EXPECT_EQ(json["svgbase_type"].toInt(), GetParam());
+    // A host replays an attribute's record by its property id: 5100 is 1101, 5101 1102, ...
+    if (auto *a = dynamic_cast<CAttribute *>(o->content()))
+        for (auto it = a->attributes().cbegin(); it != a->attributes().cend(); ++it) {
+            EXPECT_GE(it.key(), 5100);
+            EXPECT_LT(it.key(), 5100 + 16);
+            EXPECT_EQ(it.value().propId, it.key() - 3999) << it.key();
+        }
 }
 
 // The document is written whole, declaration first, as another renderer expects it.
