@@ -137,6 +137,17 @@ TEST_P(EveryApparatus, ReportsItsOwnTypeAndAttributeNumbers)
         }
 }
 
+// A host that sets panel values itself reads the result: a value the panel offers is taken.
+TEST_P(EveryApparatus, APanelValueItOffersIsReportedTaken)
+{
+    ObjPtr o = makeObject(GetParam(), true);
+    for (const QJsonValue &v : settingsOf(o->content())) {
+        const QJsonObject item = v.toObject();
+        QMap<QString, QString> values{{item["id"].toString(), otherValue(item)}};
+        EXPECT_TRUE(o->content()->SetSettingArray(values, true, true)) << qPrintable(item["id"].toString());
+    }
+}
+
 // The document is written whole, declaration first, as another renderer expects it.
 TEST_P(EveryApparatus, WritesAWholeXmlDocument)
 {
