@@ -144,7 +144,7 @@ struct PathCase {
 
 class PathGrammar : public ::testing::TestWithParam<PathCase> {};
 
-TEST_P(PathGrammar, Bounds)
+TEST_P(PathGrammar, BoundsAndStretchedHeight)
 {
     const QRectF b = SvgPathData::toPainterPath(SvgPathData::parse(QLatin1String(GetParam().d))).boundingRect();
     const QRectF e = GetParam().bounds;
@@ -152,6 +152,16 @@ TEST_P(PathGrammar, Bounds)
     EXPECT_NEAR(b.y(), e.y(), 1e-6) << GetParam().d;
     EXPECT_NEAR(b.width(), e.width(), 1e-6) << GetParam().d;
     EXPECT_NEAR(b.height(), e.height(), 1e-6) << GetParam().d;
+    // Stretched to twice its height it keeps its top, its width and its place across.
+    if (e.height() > 0) {
+        ObjPtr o = makeObject(107);
+        const QString d = o->content()->changePathHeight(QLatin1String(GetParam().d), 2 * e.height(), 0);
+        const QRectF s = SvgPathData::toPainterPath(SvgPathData::parse(d)).boundingRect();
+        EXPECT_NEAR(s.x(), e.x(), 1e-6) << qPrintable(d);
+        EXPECT_NEAR(s.y(), e.y(), 1e-6) << qPrintable(d);
+        EXPECT_NEAR(s.width(), e.width(), 1e-6) << qPrintable(d);
+        EXPECT_NEAR(s.height(), 2 * e.height(), 1e-6) << qPrintable(d);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Document, PathGrammar, ::testing::Values(
